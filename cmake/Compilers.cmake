@@ -1,0 +1,33 @@
+# SPDX-FileCopyrightText: The WideLoom authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# Flags for everything, and the warnings that only our own targets take.
+
+# The order of float operations in the signal chain is part of what the effect promises, so a
+# product and a sum are never fused, and no build may relax IEEE arithmetic.
+add_compile_options(-ffp-contract=off)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+    set(CMAKE_C_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+endif()
+
+option(WIDELOOM_WARNINGS_AS_ERRORS "Treat warnings in our own code as errors" ON)
+option(WIDELOOM_BENCHMARKS "Build the benchmarks" OFF)
+
+add_library(project_warnings INTERFACE)
+target_compile_options(
+    project_warnings
+    INTERFACE -Wall
+              -Wextra
+              -Wpedantic
+              -Wshadow
+              -Wconversion
+              -Wsign-conversion
+              -Wcast-align
+              $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor>
+              $<$<COMPILE_LANGUAGE:CXX>:-Woverloaded-virtual>
+              -Wformat=2
+              -Wimplicit-fallthrough
+              $<$<BOOL:${WIDELOOM_WARNINGS_AS_ERRORS}>:-Werror>)
