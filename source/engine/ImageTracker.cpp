@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "ImageTracker.h"
+
+ImageFactorLanes ImageTracker::follow (const std::array<float, lanes>& widths,
+                                       const std::array<float, lanes>& pans) noexcept
+{
+    std::array<float, lanes> mid, side, left, right;
+
+    for (std::size_t lane = 0; lane < lanes; ++lane)
+    {
+        if (! (widths[lane] == width && pans[lane] == pan))
+        {
+            width = widths[lane];
+            pan = pans[lane];
+            factors = imageFactorsFor (width, pan, choices);
+        }
+
+        mid[lane] = factors.mid;
+        side[lane] = factors.side;
+        left[lane] = factors.left;
+        right[lane] = factors.right;
+    }
+
+    current = { _mm_set1_ps (factors.mid),
+                _mm_set1_ps (factors.side),
+                _mm_set1_ps (factors.left),
+                _mm_set1_ps (factors.right) };
+
+    return { _mm_loadu_ps (mid.data()),
+             _mm_loadu_ps (side.data()),
+             _mm_loadu_ps (left.data()),
+             _mm_loadu_ps (right.data()) };
+}

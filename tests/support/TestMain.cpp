@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Runs the tests of one executable with JUCE initialised and a home folder of their own.
+
+#include <gtest/gtest.h>
+#include <juce_events/juce_events.h>
+
+#include <cstdlib>
+
+namespace
+{
+/** A fresh folder that HOME points to, so that no test reads or writes what belongs to the person running it.
+ */
+class ScopedHome
+{
+public:
+    ScopedHome()
+        : folder (juce::File::createTempFile ({}))
+    {
+        folder.createDirectory();
+        ::setenv ("HOME", folder.getFullPathName().toRawUTF8(), 1);
+    }
+
+    ~ScopedHome() { folder.deleteRecursively(); }
+
+    ScopedHome (const ScopedHome&) = delete;
+    ScopedHome& operator= (const ScopedHome&) = delete;
+
+private:
+    juce::File folder;
+};
+} // namespace
+
+int main (int argc, char** argv)
+{
+    testing::InitGoogleTest (&argc, argv);
+    const ScopedHome home;
+    const juce::ScopedJuceInitialiser_GUI juce;
+    return RUN_ALL_TESTS();
+}
