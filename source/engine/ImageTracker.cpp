@@ -10,11 +10,11 @@ ImageFactorLanes ImageTracker::follow (const std::array<float, lanes>& widths,
 
     for (std::size_t lane = 0; lane < lanes; ++lane)
     {
-        if (! (widths[lane] == width && pans[lane] == pan))
+        if (! isCurrent (widths[lane], pans[lane]))
         {
             width = widths[lane];
             pan = pans[lane];
-            factors = imageFactorsFor (width, pan, choices);
+            workOutFactors();
         }
 
         mid[lane] = factors.mid;
@@ -23,13 +23,14 @@ ImageFactorLanes ImageTracker::follow (const std::array<float, lanes>& widths,
         right[lane] = factors.right;
     }
 
-    current = { _mm_set1_ps (factors.mid),
-                _mm_set1_ps (factors.side),
-                _mm_set1_ps (factors.left),
-                _mm_set1_ps (factors.right) };
-
     return { _mm_loadu_ps (mid.data()),
              _mm_loadu_ps (side.data()),
              _mm_loadu_ps (left.data()),
              _mm_loadu_ps (right.data()) };
+}
+
+void ImageTracker::workOutFactors() noexcept
+{
+    factors = imageFactorsFor (width, pan, choices);
+    current = ImageFactorLanes::allOf (factors);
 }

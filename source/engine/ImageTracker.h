@@ -12,8 +12,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <concepts>
-#include <limits>
+#include <cstdint>
 
 /** What the chain reads while a block runs: StereoWidth and Pan (normalised) for each sample, by its index in
    the block, and the two linear gains, which may change at any time. [audio] */
@@ -42,6 +43,14 @@ concept LiveControls = requires (const Type& controls, int sample)
 struct ImageFactorLanes
 {
     __m128 mid, side, left, right;
+
+    static ImageFactorLanes allOf (const ImageFactors& factors) noexcept
+    {
+        return { _mm_set1_ps (factors.mid),
+                 _mm_set1_ps (factors.side),
+                 _mm_set1_ps (factors.left),
+                 _mm_set1_ps (factors.right) };
+    }
 };
 
 /** Reads the two controls once for each sample, and works the factors out only when one of them has changed
@@ -55,7 +64,10 @@ public:
     void setChoices (const ImageChoices& newChoices) noexcept
     {
         if (newChoices != choices)
-            *this = ImageTracker (newChoices);
+        {
+            choices = newChoices;
+            workOutFactors();
+        }
     }
 
     /** [audio] The factors for the four samples from `first` on. Lanes past `last`, the block's last sample,
@@ -72,27 +84,31 @@ public:
             const int sample = std::min (first + lane, last);
             widths[i] = controls.stereoWidth (sample);
             pans[i] = controls.pan (sample);
-            steady &= (widths[i] == width) & (pans[i] == pan);
+            steady &= isCurrent (widths[i], pans[i]);
         }
 
         return steady ? current : follow (widths, pans);
     }
 
-    ImageTracker() noexcept = default;
-
 private:
-    explicit ImageTracker (const ImageChoices& initialChoices) noexcept
-        : choices (initialChoices)
+    /** Whether these are the very bits that `factors` stand for: a zero's sign reaches the side signal. */
+    bool isCurrent (float newWidth, float newPan) const noexcept
     {
+        using Bits = std::uint32_t;
+        return ((std::bit_cast<Bits> (newWidth) ^ std::bit_cast<Bits> (width))
+                | (std::bit_cast<Bits> (newPan) ^ std::bit_cast<Bits> (pan)))
+               == 0;
     }
+
+    void workOutFactors() noexcept;
 
     [[gnu::noinline]] ImageFactorLanes follow (const std::array<float, lanes>& widths,
                                                const std::array<float, lanes>& pans) noexcept;
 
-    // NaN differs from everything, so the first read always works the factors out.
-    float width = std::numeric_limits<float>::quiet_NaN();
-    float pan = std::numeric_limits<float>::quiet_NaN();
-    ImageFactorLanes current {};
-    ImageFactors factors;
+    // Neutral, as the factors of a new ImageFactors are.
     ImageChoices choices;
+    float width = 0.5f;
+    float pan = 0.5f;
+    ImageFactors factors;
+    ImageFactorLanes current = ImageFactorLanes::allOf (factors);
 };

@@ -165,7 +165,7 @@ public:
 
         if (heard == everySampleOf (count)) [[likely]]
             filter.process (usedSide);
-        else
+        else if (heard != 0)
             filter.processSelected (usedSide, heard);
 
         for (int i = 0; i < count; i += lanes)

@@ -31,8 +31,7 @@ void WideLoomAudioProcessor::initAllParameters()
     for (const auto& row : parameterTable)
         addParameter (row.name, row.defaultValue, row.mapping);
 
-    // No sample rate is known yet, so the coefficients come with the first block.
-    safeBassCoefficientsValid.store (false);
+    // No sample rate is known yet, so the Safe Bass coefficients come with the first block.
 }
 
 int WideLoomAudioProcessor::addParameter (const juce::String& name,

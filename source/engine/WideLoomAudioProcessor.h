@@ -188,11 +188,11 @@ private:
     // Whoever runs the job publishes; the audio thread fetches.
     CoalescingJob safeBassJob;
     LatestValueExchange<SafeBassCoefficients> safeBassCoefficients;
-    std::atomic<bool> safeBassCoefficientsValid { false };
 
     // The audio thread's own.
     SafeBassFilter safeBassFilter;
-    double safeBassFilterSampleRate = 0.0; ///< Hz; the rate that the filter's coefficients were made for
+    bool safeBassCoefficientsValid = false; ///< whether the filter has taken coefficients; stays true
+    double safeBassFilterSampleRate = 0.0;  ///< Hz; the rate that the filter's coefficients were made for
     CachedGain cachedInputGain, cachedOutputGain;
     SignalChain signalChain;
 

@@ -15,8 +15,7 @@ void WideLoomAudioProcessor::processBlock (juce::AudioBuffer<float>& buffer, juc
         return;
 
     const int numSamples = buffer.getNumSamples();
-    const auto settings =
-        readChainSettings (*parameterManager, safeBassCoefficientsValid.load (std::memory_order_relaxed));
+    const auto settings = readChainSettings (*parameterManager, safeBassCoefficientsValid);
     const TableControls controls { *parameterManager->getParameter (indexOf (ParameterId::stereoWidth)),
                                    *parameterManager->getParameter (indexOf (ParameterId::pan)),
                                    inputGainLinear,
@@ -55,13 +54,14 @@ void WideLoomAudioProcessor::followSafeBassCoefficients() noexcept
         {
             safeBassFilter.adopt (latest.coefficients);
             safeBassFilterSampleRate = latest.sampleRate;
+            safeBassCoefficientsValid = true;
         }
     };
 
     takeLatest();
 
     // Also the first time, when the filter has no coefficients and their rate is 0.0.
-    if (safeBassFilterSampleRate != getSampleRate())
+    if (safeBassFilterSampleRate != lastSampleRate.load (std::memory_order_relaxed))
     {
         updateSafeBassFilterCoefficients();
         takeLatest();
@@ -96,12 +96,12 @@ void WideLoomAudioProcessor::updateSafeBassFilterCoefficients() noexcept
 
 void WideLoomAudioProcessor::calculateSafeBassFilterCoefficients (double normalisedFrequency) noexcept
 {
-    if (getSampleRate() == 0.0)
+    // Not getSampleRate(), which the host may be setting just now.
+    const double sampleRate = lastSampleRate.load (std::memory_order_relaxed);
+
+    if (sampleRate == 0.0)
         return;
 
-    if (const auto made = SafeBassCoefficients::make (getSampleRate(), normalisedFrequency))
-    {
+    if (const auto made = SafeBassCoefficients::make (sampleRate, normalisedFrequency))
         safeBassCoefficients.publish (*made);
-        safeBassCoefficientsValid.store (true, std::memory_order_release);
-    }
 }
