@@ -19,7 +19,8 @@ public:
     {
         // Sequential consistency on purpose: the request must be visible before the busy flag is tried, and
         // the busy flag must be down before the request is looked at once more, or a request could be lost.
-        requested.store (true);
+        // An exchange rather than a store, so that the run sees what each of several requesters stored.
+        requested.exchange (true);
 
         while (requested.load() && ! busy.exchange (true))
         {

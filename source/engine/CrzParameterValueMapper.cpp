@@ -71,7 +71,9 @@ float finiteOrZero (float value) noexcept
 /** The number at the start of a text; 0.0 when there is none, which "nan" and "inf" are not. */
 float numberAtStart (const juce::String& text)
 {
-    return finiteOrZero (text.getFloatValue());
+    constexpr auto largest = static_cast<double> (std::numeric_limits<float>::max());
+    const double number = text.getDoubleValue();
+    return std::isfinite (number) ? static_cast<float> (juce::jlimit (-largest, largest, number)) : 0.0f;
 }
 
 juce::String atPlaces (float value, int decimals)

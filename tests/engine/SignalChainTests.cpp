@@ -261,6 +261,11 @@ struct SampleCase
     float expectedLeft, expectedRight;
 };
 
+void PrintTo (const SampleCase& row, std::ostream* stream)
+{
+    *stream << row.name;
+}
+
 class SignalChainSample : public testing::TestWithParam<SampleCase>
 {
 };
