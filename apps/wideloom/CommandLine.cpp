@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "CommandLine.h"
+
+#include "MeasureCommand.h"
+#include "ParamsCommand.h"
+#include "RenderCommand.h"
+
+#include <CLI/CLI.hpp>
+
+namespace
+{
+constexpr AddCommand commands[] = { addRenderCommand, addMeasureCommand, addParamsCommand };
+}
+
+ExitStatus runCommandLine (int argc, char** argv)
+{
+    auto status = ExitStatus::success;
+    CLI::App program { "WideLoom: stereo width, panorama and mid/side on audio files", "wideloom" };
+    program.set_version_flag ("--version", "wideloom " WIDELOOM_VERSION);
+    program.require_subcommand (1);
+
+    for (const auto add : commands)
+        add (program, status);
+
+    try
+    {
+        program.parse (argc, argv);
+    }
+    catch (const CLI::Success& help)
+    {
+        program.exit (help); // prints the help or the version
+    }
+    catch (const CLI::Error& error)
+    {
+        const bool isUnknownCommand = program.get_subcommands().empty() && argc > 1 && argv[1][0] != '-';
+        printError ((isUnknownCommand ? "there is no command '" + std::string (argv[1]) + "'" : error.what())
+                    + "\nTry 'wideloom --help' or 'wideloom COMMAND --help'.");
+        return ExitStatus::wrongUsage;
+    }
+    catch (const std::exception& error)
+    {
+        printError (error.what());
+        return ExitStatus::failure;
+    }
+
+    return status;
+}

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Runs audio through a processor of our own, with nothing between.
+
+#pragma once
+
+#include "EffectPath.h"
+
+#include <memory>
+
+class WideLoomAudioProcessor;
+
+/** Needs JUCE to be initialised, on the thread that makes it. */
+class DirectPath : public EffectPath
+{
+public:
+    DirectPath();
+    ~DirectPath() override;
+
+    void prepare (double sampleRate, int maxBlockFrames) override;
+    void setParameter (int index, float normalised) override;
+    void process (juce::AudioBuffer<float>& block) override;
+    MeterPeaks takeMeterPeaks() override;
+
+private:
+    std::unique_ptr<WideLoomAudioProcessor> processor;
+    juce::MidiBuffer noMidi;
+};
