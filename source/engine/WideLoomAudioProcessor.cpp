@@ -5,25 +5,6 @@
 
 #include <utility>
 
-namespace
-{
-JUCE_BEGIN_IGNORE_WARNINGS_GCC_LIKE ("-Wdeprecated-declarations")
-/** Sets a parameter and tells the host. Index-based calls are deprecated in JUCE but are what this effect's
-   table needs. */
-void notifyHostOfParameter (juce::AudioProcessor& processor, int index, float value)
-{
-    processor.setParameterNotifyingHost (index, value);
-}
-JUCE_END_IGNORE_WARNINGS_GCC_LIKE
-} // namespace
-
-WideLoomAudioProcessor::WideLoomAudioProcessor()
-{
-    initAllParameters();
-}
-
-WideLoomAudioProcessor::~WideLoomAudioProcessor() = default;
-
 void WideLoomAudioProcessor::initAllParameters()
 {
     parameterManager = std::make_unique<CrzParameterManager> (this);
@@ -60,13 +41,13 @@ void WideLoomAudioProcessor::setParameter (int index, float value)
         updateSafeBassFilterCoefficients();
 }
 
-void WideLoomAudioProcessor::setParamAndNotifyHost (const juce::String& name, float value, bool)
+JUCE_BEGIN_IGNORE_WARNINGS_GCC_LIKE ("-Wdeprecated-declarations")
+void WideLoomAudioProcessor::sendParameterToHost (int index, float value)
 {
-    const int index = parameterManager->getParameterIndex (name);
-
-    if (index >= 0)
-        notifyHostOfParameter (*this, index, value);
+    // Index-based calls are deprecated in JUCE but are what this effect's table needs.
+    setParameterNotifyingHost (index, value);
 }
+JUCE_END_IGNORE_WARNINGS_GCC_LIKE
 
 void WideLoomAudioProcessor::setMuteMsOption (MuteMsOption option)
 {
@@ -82,6 +63,8 @@ void WideLoomAudioProcessor::setMuteMsOption (MuteMsOption option)
                                    false);
             break;
     }
+
+    beginNewTransaction();
 }
 
 const juce::String WideLoomAudioProcessor::getParameterText (int index)
@@ -93,11 +76,6 @@ float WideLoomAudioProcessor::getParameterDefaultValue (int index)
 {
     const auto* parameter = parameterManager->getParameter (index);
     return parameter != nullptr ? parameter->getDefaultValue() : 0.0f;
-}
-
-const juce::String WideLoomAudioProcessor::getProgramName (int)
-{
-    return "Init";
 }
 
 juce::String WideLoomAudioProcessor::getLastSampleRateString() const

@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <gtest/gtest.h>
+#include <juce_data_structures/juce_data_structures.h>
+#include <presets/XmlGuard.h>
+
+#include <ostream>
+#include <string>
+
+namespace
+{
+std::string repeated (const std::string& text, int times)
+{
+    std::string result;
+
+    for (int i = 0; i < times; ++i)
+        result += text;
+
+    return result;
+}
+
+std::string manyNames (int count)
+{
+    std::string result = "<a";
+
+    for (int i = 0; i < count; ++i)
+        result += " n" + std::to_string (i) + "=''";
+
+    return result + "/>";
+}
+
+struct XmlCase
+{
+    const char* name;
+    std::string text;
+    bool good;
+};
+
+void PrintTo (const XmlCase& row, std::ostream* stream)
+{
+    *stream << row.name;
+}
+
+class XmlGuard : public testing::TestWithParam<XmlCase>
+{
+};
+
+std::vector<XmlCase> xmlCases()
+{
+    const std::string depth32 = repeated ("<a>", 32) + repeated ("</a>", 32);
+    const std::string filler (maxXmlTextBytes - 9, 'x');
+
+    return {
+        { "OneElement", "<a/>", true },
+        { "HeaderCommentAndInstruction",
+          "<?xml version='1.0'?> <!-- c --> <?pi?>\r\n<a b = 'c'>t</a>\n",
+          true },
+        { "CommentInsideATag", "<a <!-- > --> b='c'/>", true },
+        { "MarkupInsideValues", "<a b='<x>' c=\"</a>\"/>", true },
+        { "KnownReferences", "<a b='&amp;&LT;&#65;&#x1F600;'>&gt;</a>", true },
+        { "SectionAndComment", "<a><![CDATA[<b> & ]]><!-- <!DOCTYPE & --></a>", true },
+        { "ForeignEncodingInTheHeader", "<?xml version='1.0' encoding='ISO-8859-1'?><a/>", true },
+        { "Depth32", depth32, true },
+        { "ExactlyAsLongAsAllowed", "<a b='" + filler + "'/>", true },
+        { "WrongEndTag", "<a><b></a></b>", true },
+        { "AfterTheFirstZero", std::string ("<a/>\0<!DOCTYPE", 14), true },
+
+        { "Empty", "", false },
+        { "Blanks", " \n ", false },
+        { "HeaderOnly", "<?xml version='1.0'?>", false },
+        { "PlainText", "text>", false },
+        { "OneByteTooLong", "<a b='" + filler + "x'/>", false },
+        { "Depth33", "<a>" + depth32 + "</a>", false },
+        { "Deep", repeated ("<a>", 80000) + "</a>", false },
+        { "DepthHiddenBehindAnOddName", "<\xc3\xa9\xe2\x82\xac b='" + repeated ("<a>", 60000) + "'>", false },
+        { "DepthHiddenBehindAnUnquotedValue", "<a b=1>" + repeated ("<a>", 60000) + "</a>", false },
+        { "DocumentType", "<!DOCTYPE a [<!ENTITY b '&&a;'>]><a>&b;</a>", false },
+        { "DocumentTypeBehindTheRoot", "<a/><!DOCTYPE a>", false },
+        { "EntityInsideTheRoot", "<a><!ENTITY b 'c'></a>", false },
+        { "InstructionInsideTheRoot", "<a><?pi?>text</a>", false },
+        { "UnknownReference", "<a>&bogus;</a>", false },
+        { "ManyBareAmpersands", "<a>" + std::string (250000, '&') + "</a>", false },
+        { "ReferenceToZero", "<a b='&#0;'/>", false },
+        { "ReferenceToASurrogate", "<a b='&#xD800;'/>", false },
+        { "ReferencePastTheLastCharacter", "<a b='&#x110000;'/>", false },
+        { "ReferenceWithoutDigits", "<a b='&#x;'/>", false },
+        { "ReferenceCutAtTheEnd", "<a>&#x41>", false },
+        { "CutInAnAttribute", "<a b='c' d='", false },
+        { "CutBehindAnAttribute", "<a b='c' ", false },
+        { "NotClosed", "<a><b></b>", false },
+        { "CommentNotClosed", "<a><!-- </a>", false },
+        { "NameStartsWithADigit", "<a 1b='c'/>", false },
+        { "ManyNames", manyNames (20000), false },
+        { "Latin1", "<a b='\xe9'/>", false },
+        { "Utf16", std::string ("\xff\xfe<\0a\0/\0>\0", 10), false },
+    };
+}
+} // namespace
+
+TEST_P (XmlGuard, LetsThroughOnlyWhatTheReaderReadsSafely)
+{
+    const auto& [name, text, good] = GetParam();
+    const auto parsed = parseGuardedXml (text);
+
+    EXPECT_EQ (parsed.element != nullptr, good) << parsed.error;
+    EXPECT_EQ (parsed.error.isEmpty(), good) << parsed.error;
+}
+
+INSTANTIATE_TEST_SUITE_P (Texts,
+                          XmlGuard,
+                          testing::ValuesIn (xmlCases()),
+                          [] (const auto& row) { return std::string (row.param.name); });
+
+TEST (XmlGuardTrees, LeaveOutTextAndBinaryAttributes)
+{
+    auto parsed = parseGuardedXml ("<a base64:b='999999999.AAAA' base64:='1.A' c='d'>text<e>more</e></a>");
+    ASSERT_NE (parsed.element, nullptr) << parsed.error;
+
+    const auto tree = treeFromXml (*parsed.element);
+    EXPECT_EQ (tree.getNumProperties(), 1);
+    EXPECT_EQ (tree["c"].toString(), "d");
+    ASSERT_EQ (tree.getNumChildren(), 1);
+    EXPECT_EQ (tree.getChild (0).getNumChildren(), 0);
+}
