@@ -15,6 +15,7 @@ endif()
 
 option(WIDELOOM_WARNINGS_AS_ERRORS "Treat warnings in our own code as errors" ON)
 option(WIDELOOM_BENCHMARKS "Build the benchmarks" OFF)
+option(WIDELOOM_FUZZERS "Build the fuzz targets; needs clang and libFuzzer" OFF)
 
 add_library(project_warnings INTERFACE)
 target_compile_options(
