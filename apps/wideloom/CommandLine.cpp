@@ -5,13 +5,17 @@
 
 #include "MeasureCommand.h"
 #include "ParamsCommand.h"
+#include "PresetCommand.h"
+#include "PresetsCommand.h"
 #include "RenderCommand.h"
 
 #include <CLI/CLI.hpp>
 
 namespace
 {
-constexpr AddCommand commands[] = { addRenderCommand, addMeasureCommand, addParamsCommand };
+constexpr AddCommand commands[] = {
+    addRenderCommand, addMeasureCommand, addParamsCommand, addPresetsCommand, addPresetCommand
+};
 }
 
 ExitStatus runCommandLine (int argc, char** argv)

@@ -19,6 +19,8 @@ public:
     ~DirectPath() override;
 
     void prepare (double sampleRate, int maxBlockFrames) override;
+    Problem setState (const juce::MemoryBlock& block) override;
+    juce::MemoryBlock getState() override;
     void setParameter (int index, float normalised) override;
     void process (juce::AudioBuffer<float>& block) override;
     MeterPeaks takeMeterPeaks() override;

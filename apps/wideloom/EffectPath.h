@@ -5,6 +5,8 @@
 
 #pragma once
 
+#include "Command.h"
+
 #include "engine/CrzStereoVuVisuals.h"
 
 #include <juce_audio_basics/juce_audio_basics.h>
@@ -23,6 +25,12 @@ public:
 
     /** Comes before everything else. `sampleRate` in Hz; no block will be longer than `maxBlockFrames`. */
     virtual void prepare (double sampleRate, int maxBlockFrames) = 0;
+
+    /** Takes a session block over, as a host that opens a session does. The problem says why it is none. */
+    virtual Problem setState (const juce::MemoryBlock& block) = 0;
+
+    /** The session block that a host would keep now. */
+    virtual juce::MemoryBlock getState() = 0;
 
     /** Sets a parameter of the table from the next block on. `normalised` is 0..1. */
     virtual void setParameter (int index, float normalised) = 0;

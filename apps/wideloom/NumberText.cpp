@@ -5,6 +5,17 @@
 
 #include <charconv>
 
+std::string folded (std::string_view text)
+{
+    std::string result;
+
+    for (const char c : text)
+        if (! isSpace (c))
+            result += toLower (c);
+
+    return result;
+}
+
 std::optional<double> readNumber (std::string_view text) noexcept
 {
     if (text.starts_with ('+'))

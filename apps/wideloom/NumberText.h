@@ -6,6 +6,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 constexpr bool isSpace (char c) noexcept
@@ -29,6 +30,9 @@ constexpr std::string_view trimmed (std::string_view text) noexcept
 
     return text;
 }
+
+/** Without white space and in lower case. */
+std::string folded (std::string_view text);
 
 /** A finite decimal number such as "-3", "+1.5" or ".5" that takes up the whole text; no exponent. */
 std::optional<double> readNumber (std::string_view text) noexcept;

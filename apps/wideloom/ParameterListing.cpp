@@ -13,11 +13,6 @@ namespace
 {
 constexpr std::array<float, 2> switchValues { 0.0f, 1.0f };
 
-juce::String textOf (const ParameterRow& row, float value)
-{
-    return CrzParameterValueMapper (nullptr, row.mapping).normed2RealValueAsString (value);
-}
-
 /** All the values that a switch or choice can have, normalised; none for a continuous parameter. */
 std::span<const float> valuesOf (const ParameterRow& row)
 {
@@ -49,24 +44,28 @@ const char* kindOf (const ParameterRow& row)
 juce::String settableTexts (const ParameterRow& row)
 {
     if (row.shape == ParameterShape::continuous)
-        return textOf (row, 0.0f) + " to " + textOf (row, 1.0f);
+        return parameterValueText (row, 0.0f) + " to " + parameterValueText (row, 1.0f);
 
     juce::StringArray texts;
 
     for (const float value : valuesOf (row))
-        texts.add (textOf (row, value));
+        texts.add (parameterValueText (row, value));
 
     const auto joined = texts.joinIntoString (", ");
     return row.shape == ParameterShape::onOff ? "off, on (shown as " + joined + ")" : joined;
 }
+} // namespace
 
-/** Decimal digits that tell any two floats apart, and no more noise than that: 0.1f is to read 0.1. */
-double readable (float value)
+juce::String parameterValueText (const ParameterRow& row, float value)
+{
+    return CrzParameterValueMapper (nullptr, row.mapping).normed2RealValueAsString (value);
+}
+
+double readableValue (float value)
 {
     constexpr int significantDigits = 8;
     return juce::String (value, significantDigits).getDoubleValue();
 }
-} // namespace
 
 juce::String parameterListing()
 {
@@ -76,7 +75,7 @@ juce::String parameterListing()
     for (const auto& row : parameterTable)
     {
         nameWidth = std::max (nameWidth, juce::String (row.name).length());
-        defaultWidth = std::max (defaultWidth, textOf (row, row.defaultValue).length());
+        defaultWidth = std::max (defaultWidth, parameterValueText (row, row.defaultValue).length());
     }
 
     const auto line =
@@ -89,7 +88,7 @@ juce::String parameterListing()
     auto listing = line (nameHeading, defaultHeading, "values");
 
     for (const auto& row : parameterTable)
-        listing << line (row.name, textOf (row, row.defaultValue), settableTexts (row));
+        listing << line (row.name, parameterValueText (row, row.defaultValue), settableTexts (row));
 
     return listing;
 }
@@ -105,13 +104,13 @@ juce::var parameterListingJson()
         object->setProperty ("index", indexOf (row.id));
         object->setProperty ("name", row.name);
         object->setProperty ("kind", kindOf (row));
-        object->setProperty ("default", readable (row.defaultValue));
-        object->setProperty ("defaultText", textOf (row, row.defaultValue));
+        object->setProperty ("default", readableValue (row.defaultValue));
+        object->setProperty ("defaultText", parameterValueText (row, row.defaultValue));
 
         if (row.shape == ParameterShape::continuous)
         {
-            object->setProperty ("lowestText", textOf (row, 0.0f));
-            object->setProperty ("highestText", textOf (row, 1.0f));
+            object->setProperty ("lowestText", parameterValueText (row, 0.0f));
+            object->setProperty ("highestText", parameterValueText (row, 1.0f));
             continue;
         }
 
@@ -121,8 +120,8 @@ juce::var parameterListingJson()
         {
             auto* const entry = new juce::DynamicObject();
             values.add (entry);
-            entry->setProperty ("value", readable (value));
-            entry->setProperty ("text", textOf (row, value));
+            entry->setProperty ("value", readableValue (value));
+            entry->setProperty ("text", parameterValueText (row, value));
         }
 
         object->setProperty ("values", values);

@@ -7,6 +7,14 @@
 
 #include <juce_core/juce_core.h>
 
+struct ParameterRow;
+
+/** A normalised value as the effect shows it. */
+juce::String parameterValueText (const ParameterRow& row, float value);
+
+/** Decimal digits that tell any two floats apart, and no more noise than that: 0.1f is to read 0.1. */
+double readableValue (float value);
+
 /** A head line and one line for each parameter: name, default, and the values that can be set. Every line
    ends in a line feed. */
 juce::String parameterListing();

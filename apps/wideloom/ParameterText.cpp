@@ -3,6 +3,7 @@
 
 #include "ParameterText.h"
 
+#include "NearestName.h"
 #include "NumberText.h"
 #include "engine/ParameterTable.h"
 
@@ -10,7 +11,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <numeric>
 #include <vector>
 
 namespace
@@ -55,18 +55,6 @@ std::vector<float> choicesOf (const ParameterRow& row)
 
     const auto count = row.shape == ParameterShape::twoChoices ? 2 : 3;
     return { choice::all.begin(), choice::all.begin() + count };
-}
-
-/** Without white space and in lower case. */
-std::string folded (std::string_view text)
-{
-    std::string result;
-
-    for (const char c : text)
-        if (! isSpace (c))
-            result += toLower (c);
-
-    return result;
 }
 
 std::optional<float> readChoice (const ParameterRow& row, std::string_view text)
@@ -141,36 +129,6 @@ std::optional<float> readContinuous (const ParameterRow& row, std::string_view t
         return {};
 
     return Mapper (nullptr, row.mapping).string2normedValueAsFloat (juce::String (*typed));
-}
-
-/** How many letters differ: the least number of changes, insertions and removals. */
-std::size_t distance (std::string_view a, std::string_view b)
-{
-    std::vector<std::size_t> row (b.size() + 1);
-    std::iota (row.begin(), row.end(), std::size_t { 0 });
-
-    for (std::size_t i = 0; i < a.size(); ++i)
-    {
-        auto diagonal = row[0];
-        row[0] = i + 1;
-
-        for (std::size_t j = 0; j < b.size(); ++j)
-        {
-            const auto substituted = diagonal + (a[i] == b[j] ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min ({ row[j] + 1, row[j + 1] + 1, substituted });
-        }
-    }
-
-    return row[b.size()];
-}
-
-/** How far a typed name is from a real one. One that is a part of the other is near. */
-std::size_t unlikeness (std::string_view typed, std::string_view name)
-{
-    const auto a = folded (typed), b = folded (name);
-    const bool isPart = ! a.empty() && (a.find (b) != std::string::npos || b.find (a) != std::string::npos);
-    return isPart ? 0 : distance (a, b);
 }
 
 Problem splitAssignment (std::string_view assignment, int& index, std::string_view& text)

@@ -4,6 +4,7 @@
 #include "RenderCommand.h"
 
 #include "RenderBatch.h"
+#include "RenderStart.h"
 #include "RenderTask.h"
 
 #include <CLI/CLI.hpp>
@@ -60,6 +61,15 @@ ExitStatus run (const RenderOptions& options)
         }
     }
 
+    // Also before a batch, so that one message and not many tell of what no file can start from.
+    std::unique_ptr<PresetDesk> desk;
+
+    if (const auto problem = readRenderStart (options, settings, desk))
+    {
+        printError (*problem);
+        return ExitStatus::failure;
+    }
+
     if (! options.outputFolder.empty())
     {
         std::error_code error;
@@ -81,7 +91,37 @@ ExitStatus run (const RenderOptions& options)
     if (const auto problem = readOutputForm (options, tasks[0].output, container, samples))
         refuse (*problem);
 
-    return runRenderTask (options, settings, tasks[0]);
+    return runRenderTask (options, settings, desk.get(), tasks[0]);
+}
+/** An empty name would look as if the option had not been given. */
+std::string refuseEmpty (const std::string& text)
+{
+    return text.empty() ? "it is empty; a name is needed" : "";
+}
+
+/** What the effect starts from, one of three, and what is kept of it. */
+void addPresetOptions (CLI::App& command, RenderOptions& options)
+{
+    const auto add = [&command] (const char* name, std::string& value, const char* type, const char* text)
+    { return command.add_option (name, value, text)->type_name (type)->check (refuseEmpty); };
+
+    auto* const preset = add ("--preset",
+                              options.presetName,
+                              "NAME",
+                              "Start from a preset; a factory preset comes before a user preset");
+    auto* const file = add ("--preset-file", options.presetFile, "FILE.q7p", "Start from a preset file");
+    auto* const state = add ("--state", options.stateFile, "FILE", "Start from a session block");
+    preset->excludes (file)->excludes (state);
+    file->excludes (state);
+
+    add ("--save-preset",
+         options.savedPresetName,
+         "NAME",
+         "Save the settings, without automation, as a user preset");
+    add ("--save-state",
+         options.savedStateFile,
+         "FILE",
+         "Write the settings, without automation, as a session block");
 }
 } // namespace
 
@@ -98,6 +138,8 @@ void addRenderCommand (CLI::App& program, ExitStatus& status)
                       "WAV, AIFF or FLAC, mono or stereo; the extension of OUT chooses its format; - is WAV "
                       "on standard input or output")
         ->required();
+
+    addPresetOptions (*command, *options);
 
     auto* const set = command->add_option ("--set")->type_name ("NAME=TEXT");
     set->description ("Set a parameter as people see it, such as StereoWidth=\"150 %\" or Pan=L30");

@@ -3,11 +3,19 @@
 
 #include "RenderOptions.h"
 
+#include "presets/UserPresetFile.h"
+
 #include <filesystem>
 #include <map>
 
 Problem RenderOptions::findTasks (std::vector<Task>& tasks) const
 {
+    const auto savedName = juce::String::fromUTF8 (savedPresetName.c_str()).removeCharacters ("*");
+
+    if (! savedPresetName.empty() && ! UserPresetFile::isFileName (savedName))
+        return "--save-preset: '" + savedPresetName
+               + "' can be no preset's name; it takes letters and the like, but no separators";
+
     if (outputFolder.empty())
     {
         if (files.size() == 1)
@@ -19,12 +27,20 @@ Problem RenderOptions::findTasks (std::vector<Task>& tasks) const
         if (reportFile == files[1])
             return "'" + reportFile + "' cannot be both the output and its report";
 
+        if (! savedStateFile.empty() && savedStateFile == files[1])
+            return "--save-state and the output are both '" + savedStateFile + "'; name two files";
+
         tasks.push_back ({ files[0], files[1] });
         return {};
     }
 
     if (! reportFile.empty() && files.size() > 1)
         return "--report goes with one input, not with " + std::to_string (files.size());
+
+    for (const auto& [option, value] :
+         { std::pair ("--save-preset", &savedPresetName), std::pair ("--save-state", &savedStateFile) })
+        if (! value->empty() && files.size() > 1)
+            return std::string (option) + " goes with one input, not with " + std::to_string (files.size());
 
     std::map<std::string, std::string> inputsByName;
     const auto collision = [] (const auto& one, const auto& other, const auto& name)
@@ -58,6 +74,12 @@ std::vector<std::string> RenderOptions::argumentsFor (const Task& task) const
     std::vector<std::string> arguments { "render",
                                          "--no-progress",
                                          "--block=" + std::to_string (blockFrames) };
+
+    for (const auto& [option, value] : { std::pair ("--preset=", &presetName),
+                                         std::pair ("--preset-file=", &presetFile),
+                                         std::pair ("--state=", &stateFile) })
+        if (! value->empty())
+            arguments.push_back (option + *value);
 
     for (const auto& assignment : assignments)
         arguments.push_back ((assignment.normalised ? "--norm=" : "--set=") + assignment.text);

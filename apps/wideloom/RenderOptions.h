@@ -16,6 +16,11 @@ struct RenderOptions
     std::string outputFolder;       ///< --out-dir; empty when not given
     std::string automationFile;     ///< --automation; empty when not given
     std::string reportFile;         ///< --report; empty when not given
+    std::string presetName;         ///< --preset; empty when not given, as the next four
+    std::string presetFile;         ///< --preset-file
+    std::string stateFile;          ///< --state
+    std::string savedPresetName;    ///< --save-preset
+    std::string savedStateFile;     ///< --save-state
     std::string bits;               ///< --bits as typed; empty when not given
     int blockFrames = 0;            ///< --block
     int numJobs = 0;                ///< --jobs; 0 for all cores

@@ -4,6 +4,7 @@
 #include "RenderTask.h"
 
 #include "DirectPath.h"
+#include "FileDescriptors.h"
 #include "ProgressBar.h"
 #include "RenderReport.h"
 #include "StereoMeasurement.h"
@@ -38,9 +39,41 @@ std::vector<std::string> noticesAfter (const RenderSettings& settings,
     return notices;
 }
 
+Problem writeState (TargetFile& file, const juce::MemoryBlock& state)
+{
+    if (! writeFully (file.getDescriptor(), state.getData(), state.getSize()))
+        return file.getName() + " cannot be written: " + systemError();
+
+    return file.commit();
+}
+
+/** What the options ask to keep of the settings. Comes last, so that a rendering that failed keeps nothing.
+ */
+Problem keepSettings (const RenderOptions& options,
+                      PresetDesk* desk,
+                      double sampleRate,
+                      TargetFile* stateFile,
+                      const juce::MemoryBlock& state,
+                      std::vector<std::string>& notices)
+{
+    if (stateFile != nullptr)
+        if (auto problem = writeState (*stateFile, state))
+            return problem;
+
+    if (desk == nullptr || options.savedPresetName.empty())
+        return {};
+
+    if (desk->isFactoryPreset (options.savedPresetName))
+        notices.push_back ("a factory preset has the name '" + options.savedPresetName
+                           + "' too and comes first; --preset-file loads the saved one");
+
+    return desk->savePreset (options.savedPresetName, options.force, sampleRate);
+}
+
 /** Everything but the messages. Appends to `notices`. */
 Problem renderFile (const RenderOptions& options,
                     const RenderSettings& settings,
+                    PresetDesk* desk,
                     const RenderOptions::Task& task,
                     std::vector<std::string>& notices)
 {
@@ -66,7 +99,15 @@ Problem renderFile (const RenderOptions& options,
                                + describe (*samples).toStdString() + ", which this kind of file can hold");
     }
 
-    std::unique_ptr<TargetFile> reportFile;
+    std::unique_ptr<TargetFile> reportFile, stateFile;
+
+    if (! options.savedStateFile.empty())
+    {
+        stateFile = TargetFile::create (options.savedStateFile, options.force, problem);
+
+        if (problem)
+            return problem;
+    }
 
     if (! options.reportFile.empty())
     {
@@ -98,6 +139,13 @@ Problem renderFile (const RenderOptions& options,
         observers.output = [&after] (const float* l, const float* r, int n) { after.add (l, r, n); };
     }
 
+    problem = startEffect (effect, input->getSampleRate(), settings);
+
+    if (problem)
+        return problem;
+
+    // Automation moves parameters, but belongs to the audio and not to what it starts from.
+    const auto state = effect.getState();
     problem = render (*input, effect, *output, settings, observers);
 
     if (! problem)
@@ -112,6 +160,9 @@ Problem renderFile (const RenderOptions& options,
                                  before.result(),
                                  after.result(),
                                  output->getNumClipped() });
+
+    if (! problem)
+        problem = keepSettings (options, desk, input->getSampleRate(), stateFile.get(), state, notices);
 
     if (! problem)
         for (auto& notice : noticesAfter (settings, *input, *output))
@@ -169,10 +220,11 @@ Problem readOutputForm (const RenderOptions& options,
 
 ExitStatus runRenderTask (const RenderOptions& options,
                           const RenderSettings& settings,
+                          PresetDesk* desk,
                           const RenderOptions::Task& task)
 {
     std::vector<std::string> notices;
-    const auto problem = renderFile (options, settings, task, notices);
+    const auto problem = renderFile (options, settings, desk, task, notices);
 
     if (problem)
         printError (*problem);

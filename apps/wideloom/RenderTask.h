@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include "PresetDesk.h"
 #include "RenderOptions.h"
 #include "Renderer.h"
 
@@ -17,7 +18,9 @@ Problem readOutputForm (const RenderOptions& options,
                         AudioContainer& container,
                         std::optional<SampleFormat>& samples);
 
-/** Renders one file, prints what is wrong and, unless told to be quiet, what is good to know. */
+/** Renders one file, prints what is wrong and, unless told to be quiet, what is good to know. The
+   desk, which has the settings loaded, may be null when no preset is to be saved. */
 ExitStatus runRenderTask (const RenderOptions& options,
                           const RenderSettings& settings,
+                          PresetDesk* desk,
                           const RenderOptions::Task& task);

@@ -21,8 +21,6 @@ public:
         : effect (effectToUse),
           settings (settingsToUse)
     {
-        for (const auto& parameter : settings.parameters)
-            effect.setParameter (parameter.index, parameter.value);
     }
 
     void process (juce::AudioBuffer<float>& audio, int numFrames)
@@ -69,6 +67,20 @@ private:
 };
 } // namespace
 
+Problem startEffect (EffectPath& effect, double sampleRate, const RenderSettings& settings)
+{
+    effect.prepare (sampleRate, settings.blockFrames);
+
+    if (! settings.state.isEmpty())
+        if (auto problem = effect.setState (settings.state))
+            return problem;
+
+    for (const auto& parameter : settings.parameters)
+        effect.setParameter (parameter.index, parameter.value);
+
+    return {};
+}
+
 Problem render (AudioInput& input,
                 EffectPath& effect,
                 AudioOutput& output,
@@ -80,7 +92,6 @@ Problem render (AudioInput& input,
     const auto* left = audio.getReadPointer (0);
     const auto* right = audio.getReadPointer (1);
 
-    effect.prepare (input.getSampleRate(), settings.blockFrames);
     AutomatedEffect automated (effect, settings);
 
     for (std::int64_t position = 0; position < numFrames;)

@@ -16,7 +16,8 @@
 /** What is done to the audio and how. */
 struct RenderSettings
 {
-    std::vector<ParameterSetting> parameters; ///< in the order in which they are set
+    juce::MemoryBlock state;                  ///< session block to start from; empty for the defaults
+    std::vector<ParameterSetting> parameters; ///< on top of it, in the order in which they are set
     AutomationEvents automation;
     int blockFrames = defaultBlockFrames; ///< 1..mostBlockFrames; the output does not depend on it
 
@@ -32,8 +33,13 @@ struct RenderObservers
     std::function<void (std::int64_t framesDone, std::int64_t numFrames)> progress;
 };
 
-/** Reads, processes and writes to the end, but does not finish the output. Applies each event of the
-   automation at exactly its sample. Stops with a problem when the program is interrupted. */
+/** Prepares the effect and brings it into the state in which the first frame finds it, automation aside.
+   `sampleRate` in Hz. */
+Problem startEffect (EffectPath& effect, double sampleRate, const RenderSettings& settings);
+
+/** Reads, processes and writes to the end, but does not finish the output. The effect has been started.
+   Applies each event of the automation at exactly its sample. Stops with a problem when the program is
+   interrupted. */
 Problem render (AudioInput& input,
                 EffectPath& effect,
                 AudioOutput& output,
