@@ -7,12 +7,6 @@
 # product and a sum are never fused, and no build may relax IEEE arithmetic.
 add_compile_options(-ffp-contract=off)
 
-find_program(CCACHE_PROGRAM ccache)
-if(CCACHE_PROGRAM)
-    set(CMAKE_C_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
-    set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
-endif()
-
 option(WIDELOOM_WARNINGS_AS_ERRORS "Treat warnings in our own code as errors" ON)
 option(WIDELOOM_BENCHMARKS "Build the benchmarks" OFF)
 option(WIDELOOM_FUZZERS "Build the fuzz targets; needs clang and libFuzzer" OFF)

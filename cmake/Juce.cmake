@@ -41,6 +41,14 @@ target_compile_definitions(
 target_include_directories(
     wideloom_juce SYSTEM INTERFACE $<TARGET_PROPERTY:wideloom_juce,INCLUDE_DIRECTORIES>)
 
+# For JUCE alone: it never changes, and our own files compile faster from precompiled headers, which ccache does not
+# take.
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+    set_target_properties(wideloom_juce PROPERTIES C_COMPILER_LAUNCHER "${CCACHE_PROGRAM}"
+                                                   CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+endif()
+
 # Parsing JUCE's headers takes most of the time that our own small files take to compile. What is listed here is parsed
 # once for each target.
 function(wideloom_precompile_juce target)
