@@ -52,11 +52,16 @@ juce::StringPairArray valuesIn (const juce::XmlElement& document)
     return values;
 }
 
-/** A file that a slip of somebody's editor has made unreadable is put aside, not replaced. */
-void keepUnreadable (const juce::File& file)
+/** Where a file goes that a slip of somebody's editor has made unreadable. */
+juce::File asideOf (const juce::File& file)
 {
-    if (file.existsAsFile() && file.getSize() > 0)
-        file.moveFileTo (file.getSiblingFile (file.getFileName() + ".unreadable"));
+    return file.getSiblingFile (file.getFileName() + ".unreadable");
+}
+
+/** Gives false when there is nothing to keep. */
+bool putAside (const juce::File& file)
+{
+    return file.existsAsFile() && file.getSize() > 0 && file.moveFileTo (asideOf (file));
 }
 
 void setIn (juce::XmlElement& document, const juce::String& key, const juce::String& value)
@@ -117,11 +122,12 @@ bool PluginSettingsFile::saveIfNeeded()
 bool PluginSettingsFile::mergeAndWrite()
 {
     auto document = readDocument (file);
+    bool isAside = false;
 
     if (document == nullptr)
     {
         // Missing or damaged meanwhile: what this object knows of it is all there is.
-        keepUnreadable (file);
+        isAside = putAside (file);
         document = std::make_unique<juce::XmlElement> (rootTag);
 
         for (const auto& key : values.getAllKeys())
@@ -136,7 +142,12 @@ bool PluginSettingsFile::mergeAndWrite()
 
     if (file.getParentDirectory().createDirectory().failed()
         || replaceFile (file, text.getMemoryBlock()).failed())
+    {
+        if (isAside)
+            asideOf (file).moveFileTo (file);
+
         return false;
+    }
 
     values = valuesIn (*document);
     changes.clear();
