@@ -180,6 +180,8 @@ bool XmlWalk::walkStartTag (int& depth)
 {
     ++position;
 
+    namesInTag.clear();
+
     if (! skipGap() || ! walkName ("an element has no good name"))
         return false;
 
@@ -207,7 +209,16 @@ bool XmlWalk::walkStartTag (int& depth)
 
 bool XmlWalk::walkAttribute()
 {
-    if (! walkName ("a tag is damaged") || ! skipGap())
+    const auto start = position;
+
+    if (! walkName ("a tag is damaged"))
+        return false;
+
+    // A tree would read the first value, but be saved with the last.
+    if (! namesInTag.insert (text.substr (start, position - start)).second)
+        return refuse ("an attribute stands twice in a tag");
+
+    if (! skipGap())
         return false;
 
     if (current() != '=')

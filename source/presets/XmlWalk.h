@@ -52,6 +52,7 @@ private:
 
     std::string_view text;
     std::size_t position = 0;
-    std::unordered_set<std::string_view> names;
+    std::unordered_set<std::string_view> names;      ///< of elements and attributes, all through the text
+    std::unordered_set<std::string_view> namesInTag; ///< of the present tag's attributes
     juce::String danger;
 };

@@ -63,6 +63,7 @@ std::vector<XmlCase> xmlCases()
         { "ForeignEncodingInTheHeader", "<?xml version='1.0' encoding='ISO-8859-1'?><a/>", true },
         { "Depth32", depth32, true },
         { "ExactlyAsLongAsAllowed", "<a b='" + filler + "'/>", true },
+        { "AnAttributeInEachOfTwoTags", "<a b='c'><d b='c'/></a>", true },
         { "WrongEndTag", "<a><b></a></b>", true },
         { "AfterTheFirstZero", std::string ("<a/>\0<!DOCTYPE", 14), true },
 
@@ -91,6 +92,7 @@ std::vector<XmlCase> xmlCases()
         { "NotClosed", "<a><b></b>", false },
         { "CommentNotClosed", "<a><!-- </a>", false },
         { "NameStartsWithADigit", "<a 1b='c'/>", false },
+        { "AnAttributeTwice", "<a b='c' d='e' b='f'/>", false },
         { "ManyNames", manyNames (20000), false },
         { "Latin1", "<a b='\xe9'/>", false },
         { "Utf16", std::string ("\xff\xfe<\0a\0/\0>\0", 10), false },
