@@ -3,6 +3,8 @@
 
 #include "AudioFileChecks.h"
 
+#include "Interruption.h"
+
 #include <FLAC/stream_decoder.h>
 
 #include <memory>
@@ -27,6 +29,9 @@ FLAC__StreamDecoderReadStatus readBytes (const FLAC__StreamDecoder*,
                                          size_t* numBytes,
                                          void* client)
 {
+    if (wasInterrupted())
+        return FLAC__STREAM_DECODER_READ_STATUS_ABORT;
+
     const auto wanted = static_cast<int> (juce::jmin<size_t> (*numBytes, 1 << 20));
     const int got = passOf (client).stream.read (destination, wanted);
     *numBytes = static_cast<size_t> (juce::jmax (0, got));
@@ -81,8 +86,13 @@ Problem findFlacDamage (juce::InputStream& stream)
                                                           &noteError,
                                                           &pass);
 
-    if (status != FLAC__STREAM_DECODER_INIT_STATUS_OK
-        || ! FLAC__stream_decoder_process_until_end_of_stream (decoder.get()))
+    const bool decoded = status == FLAC__STREAM_DECODER_INIT_STATUS_OK
+                         && FLAC__stream_decoder_process_until_end_of_stream (decoder.get());
+
+    if (wasInterrupted())
+        return "interrupted";
+
+    if (! decoded)
         return "its header is damaged; copy or export it again";
 
     const auto promised = FLAC__stream_decoder_get_total_samples (decoder.get());

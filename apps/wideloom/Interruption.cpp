@@ -23,7 +23,13 @@ void watchForInterruption() noexcept
     sigemptyset (&action.sa_mask);
 
     for (const int signal : { SIGINT, SIGTERM, SIGHUP })
-        sigaction (signal, &action, nullptr);
+    {
+        struct sigaction inherited = {};
+
+        // Whoever starts the program with a signal ignored, as nohup does, means it.
+        if (sigaction (signal, nullptr, &inherited) == 0 && inherited.sa_handler != SIG_IGN)
+            sigaction (signal, &action, nullptr);
+    }
 
     for (const int signal : { SIGPIPE, SIGXFSZ })
         std::signal (signal, SIG_IGN);

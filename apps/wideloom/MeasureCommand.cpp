@@ -6,6 +6,7 @@
 #include "AudioInput.h"
 #include "FiguresTable.h"
 #include "Goniometer.h"
+#include "Interruption.h"
 #include "StereoMeasurement.h"
 
 #include <CLI/CLI.hpp>
@@ -61,6 +62,9 @@ juce::Result readStereo (const std::string& path, Prepare&& prepare, Consume&& c
 
     for (juce::int64 position = 0; position < input->getNumFrames(); position += blockSize)
     {
+        if (wasInterrupted())
+            return juce::Result::fail (input->getName() + ": interrupted");
+
         const auto count =
             static_cast<int> (std::min<juce::int64> (blockSize, input->getNumFrames() - position));
 

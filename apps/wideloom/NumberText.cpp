@@ -18,7 +18,7 @@ std::string folded (std::string_view text)
 
 std::optional<double> readNumber (std::string_view text) noexcept
 {
-    if (text.starts_with ('+'))
+    if (text.starts_with ('+') && ! text.starts_with ("+-"))
         text.remove_prefix (1);
 
     if (text.find_first_not_of ("-.0123456789") != std::string_view::npos)

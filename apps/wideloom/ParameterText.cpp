@@ -87,7 +87,7 @@ std::optional<std::string> panNumber (std::string_view text)
 
     if (typed.starts_with ('l') || typed.starts_with ('r'))
         typed = (typed[0] == 'l' ? "-" : "") + typed.substr (1);
-    else if (typed.starts_with ('+'))
+    else if (typed.starts_with ('+') && ! typed.starts_with ("+-"))
         typed.erase (0, 1);
 
     const auto digits = typed.starts_with ('-') ? typed.substr (1) : typed;

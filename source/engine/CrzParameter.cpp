@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
+// A parameter's value as text.
+
 #include "CrzParameter.h"
 
 CrzParameter::CrzParameter (CrzParameterManager* manager, CrzParameterValueMapper::CrzMappingENUM mapping)

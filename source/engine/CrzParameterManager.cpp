@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
+// Finds, reads and writes the rows of the live table.
+
 #include "CrzParameterManager.h"
 
 int CrzParameterManager::addParameter (CrzParameter* newParameter)
