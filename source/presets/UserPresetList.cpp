@@ -12,8 +12,9 @@
 
 namespace
 {
-/** Presets take a few kilobytes. What is larger is parsed each time rather than kept. */
-constexpr std::size_t maxKeptBytesPerFile = 16 * 1024;
+/** Presets take a few kilobytes, and no body that may be read is larger than this. What goes beyond is parsed
+   each time rather than kept. */
+constexpr std::size_t maxKeptBytesPerFile = 256 * 1024;
 constexpr std::size_t maxKeptBytes = 16 * 1024 * 1024;
 } // namespace
 
