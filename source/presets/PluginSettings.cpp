@@ -102,11 +102,12 @@ std::unique_ptr<juce::File> WideLoomAudioProcessor::getPresetsFolderFromProperti
         settingsFile->setValue (folderKey, path);
     }
 
-    // Left in the file, for whoever wrote it to see.
-    if (! File::isAbsolutePath (path))
-        path = defaultPath;
+    // One that is no absolute path is left in the file, for whoever wrote it to see.
+    auto folder = std::make_unique<File> (File::isAbsolutePath (path) ? path : defaultPath);
 
-    auto folder = std::make_unique<File> (path);
+    // "~name" without such a user stays as it is, which is a place in the working directory.
+    if (! folder->getFullPathName().startsWith (separator))
+        *folder = File (defaultPath);
 
     // A folder that cannot be made leaves the list of presets empty, and saving says so.
     if (! folder->isDirectory())

@@ -52,16 +52,10 @@ juce::StringPairArray valuesIn (const juce::XmlElement& document)
     return values;
 }
 
-/** Where a file goes that a slip of somebody's editor has made unreadable. */
-juce::File asideOf (const juce::File& file)
+/** A free place for a file that a slip of somebody's editor has made unreadable. */
+juce::File placeForUnreadable (const juce::File& file)
 {
-    return file.getSiblingFile (file.getFileName() + ".unreadable");
-}
-
-/** Gives false when there is nothing to keep. */
-bool putAside (const juce::File& file)
-{
-    return file.existsAsFile() && file.getSize() > 0 && file.moveFileTo (asideOf (file));
+    return file.getSiblingFile (file.getFileName() + ".unreadable").getNonexistentSibling (false);
 }
 
 void setIn (juce::XmlElement& document, const juce::String& key, const juce::String& value)
@@ -122,12 +116,15 @@ bool PluginSettingsFile::saveIfNeeded()
 bool PluginSettingsFile::mergeAndWrite()
 {
     auto document = readDocument (file);
-    bool isAside = false;
+    const bool putAside = document == nullptr && file.existsAsFile() && file.getSize() > 0;
+    const auto aside = placeForUnreadable (file);
+
+    if (putAside && ! file.moveFileTo (aside))
+        return false;
 
     if (document == nullptr)
     {
         // Missing or damaged meanwhile: what this object knows of it is all there is.
-        isAside = putAside (file);
         document = std::make_unique<juce::XmlElement> (rootTag);
 
         for (const auto& key : values.getAllKeys())
@@ -143,8 +140,8 @@ bool PluginSettingsFile::mergeAndWrite()
     if (file.getParentDirectory().createDirectory().failed()
         || replaceFile (file, text.getMemoryBlock()).failed())
     {
-        if (isAside)
-            asideOf (file).moveFileTo (file);
+        if (putAside)
+            aside.moveFileTo (file);
 
         return false;
     }

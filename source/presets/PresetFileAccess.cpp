@@ -18,6 +18,15 @@ std::filesystem::path pathOf (const juce::File& file)
     return std::filesystem::u8path (file.getFullPathName().toRawUTF8());
 }
 
+/** In the target's folder. Not TemporaryFile's own choice, which takes a name that starts with "~" for a path
+   of its own. */
+juce::File temporaryFor (const juce::File& target)
+{
+    const auto extension = target.getFileExtension();
+    return juce::File (target.getFullPathName().dropLastCharacters (extension.length()) + "_temp"
+                       + juce::String::toHexString (juce::Random().nextInt()) + extension);
+}
+
 juce::Result writeAll (const juce::File& file, const juce::MemoryBlock& contents)
 {
     {
@@ -76,7 +85,7 @@ std::optional<std::string> readFileStart (const juce::File& file, std::size_t ma
 
 juce::Result replaceFile (const juce::File& target, const juce::MemoryBlock& contents)
 {
-    const juce::TemporaryFile temporary (target);
+    const juce::TemporaryFile temporary (target, temporaryFor (target));
 
     if (const auto written = writeAll (temporary.getFile(), contents); written.failed())
         return written;

@@ -8,12 +8,28 @@
 #include <engine/WideLoomAudioProcessor.h>
 
 #include <array>
+#include <clocale>
+#include <string>
 #include <utility>
 
 namespace
 {
 constexpr auto storedPluginName = "WideLoom";
 constexpr auto storedPluginVersion = "1.1";
+
+/** Asking JUCE for language and region leaves the whole process, the host's, in the environment's locale. */
+class ScopedLocale
+{
+public:
+    ScopedLocale() = default;
+    ~ScopedLocale() { std::setlocale (LC_ALL, previous.c_str()); }
+
+    ScopedLocale (const ScopedLocale&) = delete;
+    ScopedLocale& operator= (const ScopedLocale&) = delete;
+
+private:
+    const std::string previous { std::setlocale (LC_ALL, nullptr) };
+};
 
 bool isUsable (const juce::ValueTree* tree)
 {
@@ -130,6 +146,7 @@ void WideLoomAudioProcessor::addAdditionalInfosToValueTree (juce::ValueTree* tre
     if (! isUsable (tree))
         return;
 
+    const ScopedLocale keepLocale;
     using juce::String;
     using juce::SystemStats;
     const auto stamp = [tree] (const char* key, const String& text)

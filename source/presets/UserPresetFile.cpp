@@ -29,7 +29,7 @@ bool isParameterName (const juce::String& name)
 /** So that nothing bad goes live, or is saved again. Gives the names of the parameters with bad values. */
 juce::StringArray limitParameterValues (juce::ValueTree& tree)
 {
-    juce::StringArray withoutValue, corrected;
+    juce::StringArray seen, withoutValue, corrected;
 
     for (auto child : tree)
     {
@@ -38,6 +38,8 @@ juce::StringArray limitParameterValues (juce::ValueTree& tree)
         if (! isParameterName (name))
             continue;
 
+        // Of several nodes of one name only the first is ever read.
+        const bool isFirst = seen.addIfNotAlreadyThere (name);
         const double value = child.getProperty (presetKey::value);
 
         if (std::isfinite (value) && value >= 0.0 && value <= 1.0)
@@ -45,10 +47,12 @@ juce::StringArray limitParameterValues (juce::ValueTree& tree)
 
         corrected.addIfNotAlreadyThere (name);
 
-        if (! std::isfinite (value))
+        if (std::isfinite (value))
+            child.setProperty (presetKey::value, juce::jlimit (0.0, 1.0, value), nullptr);
+        else if (isFirst)
             withoutValue.add (name);
         else
-            child.setProperty (presetKey::value, juce::jlimit (0.0, 1.0, value), nullptr);
+            child.removeProperty (presetKey::value, nullptr);
     }
 
     // With every node of that name, or recall would take the next one.

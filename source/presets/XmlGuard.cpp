@@ -38,17 +38,6 @@ std::string_view upToFirstZero (std::string_view text)
     return text.substr (0, text.find ('\0'));
 }
 
-void removeWhatTreesCannotHold (juce::XmlElement& element)
-{
-    element.deleteAllTextElements();
-
-    for (int i = element.getNumAttributes(); --i >= 0;)
-        if (const auto name = element.getAttributeName (i); name.startsWith ("base64:"))
-            element.removeAttribute (name);
-
-    for (auto* child : element.getChildIterator())
-        removeWhatTreesCannotHold (*child);
-}
 } // namespace
 
 juce::String findXmlDanger (std::string_view text)
@@ -87,8 +76,18 @@ GuardedXml parseGuardedXml (std::string_view text)
     return { std::move (element), {} };
 }
 
-juce::ValueTree treeFromXml (juce::XmlElement& element)
+juce::ValueTree treeFromXml (const juce::XmlElement& element)
 {
-    removeWhatTreesCannotHold (element);
-    return juce::ValueTree::fromXml (element);
+    juce::ValueTree tree (element.getTagName());
+
+    for (int i = 0, count = element.getNumAttributes(); i < count; ++i)
+        if (const auto& name = element.getAttributeName (i); ! name.startsWith ("base64:"))
+            tree.setProperty (name, element.getAttributeValue (i), nullptr);
+
+    // Built up rather than stripped: taking texts out of an element searches for each from its start.
+    for (const auto* child : element.getChildIterator())
+        if (! child->isTextElement())
+            tree.appendChild (treeFromXml (*child), nullptr);
+
+    return tree;
 }

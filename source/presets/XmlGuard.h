@@ -38,4 +38,4 @@ GuardedXml parseGuardedXml (std::string_view text);
 
 /** [message] The element as a tree. Text, which a tree cannot hold, is left out, and so are attributes that a
     tree would decode into binary data of any size that they claim. */
-juce::ValueTree treeFromXml (juce::XmlElement& element);
+juce::ValueTree treeFromXml (const juce::XmlElement& element);

@@ -155,7 +155,8 @@ TEST (UserPresetFile, LimitsTheEffectsOwnValues)
         UserPresetFile::read (marker + zero
                               + presetText (node ("Pan", "1e300") + node ("Mono", "nan") + node ("Mono", "1")
                                             + node ("StereoWidth", "-0.5") + node ("Foreign", "7")
-                                            + node ("InputGain", "-inf") + node ("OutputGain", "0.25")))
+                                            + node ("InputGain", "-inf") + node ("OutputGain", "0.25")
+                                            + node ("OutputGain", "nan")))
             .tree;
 
     juce::String result;
@@ -163,7 +164,7 @@ TEST (UserPresetFile, LimitsTheEffectsOwnValues)
     for (const auto& child : tree)
         result << child["ParameterName"].toString() << "=" << static_cast<float> (child["Value"]) << " ";
 
-    EXPECT_EQ (result, "Pan=1 StereoWidth=0 Foreign=7 OutputGain=0.25 ");
+    EXPECT_EQ (result, "Pan=1 StereoWidth=0 Foreign=7 OutputGain=0.25 OutputGain=0 ");
 }
 
 TEST (UserPresetFile, KnowsWhichNamesAreFileNames)

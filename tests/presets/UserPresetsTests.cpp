@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 #include <presets/UserPresetFile.h>
 
+#include <clocale>
 #include <csignal>
+#include <cstdlib>
 #include <functional>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -97,6 +99,27 @@ TEST_F (UserPresets, SavingMakesTheSavedPresetCurrent)
     EXPECT_EQ (processor.getCurrentPresetName(), "Init") << "the name is the only thing to undo";
     EXPECT_EQ (liveValue (processor, "StereoWidth"), 0.75f);
     EXPECT_TRUE (processor.getCurrentPresetValueTree().hasProperty ("LastSaved"));
+}
+
+TEST_F (UserPresets, SavingStaysInTheFolderAndKeepsTheLocale)
+{
+    ::setenv ("LC_ALL", "C.UTF-8", 1); // What a save must not make the process's own.
+    const juce::String localeBefore = std::setlocale (LC_ALL, nullptr);
+    const auto elsewhere = home.folder.getChildFile ("elsewhere");
+    const auto workingFolder = juce::File::getCurrentWorkingDirectory();
+    ASSERT_TRUE (elsewhere.createDirectory());
+    ASSERT_TRUE (elsewhere.setAsCurrentWorkingDirectory());
+
+    // The temporary file beside a name that starts with "~" once stood in the working directory; a folder
+    // that is gone takes none.
+    ASSERT_TRUE (elsewhere.deleteFile());
+    const auto saved = processor.saveCurrentPresetFromValueTreeToDisk ("~tilde", true);
+    workingFolder.setAsCurrentWorkingDirectory();
+    ::unsetenv ("LC_ALL");
+
+    EXPECT_TRUE (saved.wasOk()) << saved.getErrorMessage();
+    EXPECT_EQ (sortedNames(), (juce::StringArray { "~tilde" }));
+    EXPECT_EQ (juce::String (std::setlocale (LC_ALL, nullptr)), localeBefore);
 }
 
 TEST_F (UserPresets, SavingUnderAnExistingNameReplacesTheFile)
