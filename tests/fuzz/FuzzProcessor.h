@@ -7,8 +7,20 @@
 
 #include <engine/WideLoomAudioProcessor.h>
 
-/** One processor for the whole run, in a home folder of its own. Ends the run at any assertion of JUCE. */
+/** One processor for the whole run, in a home folder of its own. */
 WideLoomAudioProcessor& fuzzProcessor();
+
+/** While one lives, any assertion of JUCE ends the run. Afterwards they are those of a program that libFuzzer
+   leaves without tidying up. */
+class ScopedFuzzInput
+{
+public:
+    ScopedFuzzInput() noexcept;
+    ~ScopedFuzzInput();
+
+    ScopedFuzzInput (const ScopedFuzzInput&) = delete;
+    ScopedFuzzInput& operator= (const ScopedFuzzInput&) = delete;
+};
 
 /** Ends the run unless the condition holds. */
 void require (bool condition, const char* what);

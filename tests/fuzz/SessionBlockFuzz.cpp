@@ -8,6 +8,7 @@
 extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, std::size_t size)
 {
     auto& processor = fuzzProcessor();
+    const ScopedFuzzInput input;
     processor.setStateInformation (data, static_cast<int> (size));
     requireSoundState();
 

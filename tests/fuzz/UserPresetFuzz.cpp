@@ -10,6 +10,7 @@
 extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, std::size_t size)
 {
     auto& processor = fuzzProcessor();
+    const ScopedFuzzInput input;
     const std::string_view bytes (reinterpret_cast<const char*> (data), size);
     const auto contents = UserPresetFile::read (bytes);
 
