@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Runs the tests of one executable with JUCE initialised and a home folder of their own.
+// Runs the tests of one executable with JUCE initialised, a home folder of their own, and no display but one that was
+// started for them.
 
 #include <gtest/gtest.h>
 #include <juce_events/juce_events.h>
@@ -30,11 +31,21 @@ public:
 private:
     juce::File folder;
 };
+
+/** Tests must do the same on a desktop as without one, and those that move the mouse must not move a person's. */
+void takeTestDisplay()
+{
+    if (const auto* display = std::getenv ("WIDELOOM_TEST_DISPLAY"))
+        ::setenv ("DISPLAY", display, 1);
+    else
+        ::unsetenv ("DISPLAY");
+}
 } // namespace
 
 int main (int argc, char** argv)
 {
     testing::InitGoogleTest (&argc, argv);
+    takeTestDisplay();
     const ScopedHome home;
     const juce::ScopedJuceInitialiser_GUI juce;
     return RUN_ALL_TESTS();

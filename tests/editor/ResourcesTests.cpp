@@ -1,0 +1,239 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <editor/CrzQ7LookAndFeelV1.h>
+
+#include <BinaryData.h>
+#include <gtest/gtest.h>
+#include <juce_gui_basics/juce_gui_basics.h>
+#include <support/NamedRows.h>
+#include <support/Painting.h>
+
+#include <array>
+
+namespace
+{
+struct Resource
+{
+    const char* name;
+    const char* data;
+    int size;
+};
+
+#define RESOURCE(symbol)                                                                                     \
+    Resource                                                                                                 \
+    {                                                                                                        \
+        #symbol, BinaryData::symbol, BinaryData::symbol##Size                                                \
+    }
+
+const Resource images[] = {
+    RESOURCE (LOGO_Dorian_Vell_ACTUAL_svg),
+    RESOURCE (LOGO_QUORVEXDSP_ONLY_Q7_01_svg),
+    RESOURCE (LOGO_QUORVEXDSP_01_svg),
+    RESOURCE (UndoCurvedArrow_svg),
+    RESOURCE (RedoCurvedArrow_svg),
+    RESOURCE (DropDownArrow_svg),
+    RESOURCE (PlayButton_svg),
+    RESOURCE (PlayButtonRotated180_svg),
+};
+
+std::unique_ptr<juce::Drawable> load (const Resource& image)
+{
+    return juce::Drawable::createFromImageData (image.data, static_cast<std::size_t> (image.size));
+}
+
+juce::Image paintedWithin (const Resource& image, int size)
+{
+    return painted (size,
+                    size,
+                    juce::Colours::transparentBlack,
+                    [&] (juce::Graphics& g)
+                    {
+                        load (image)->drawWithin (g,
+                                                  juce::Rectangle<int> (size, size).toFloat(),
+                                                  juce::RectanglePlacement::centred,
+                                                  1.0f);
+                    });
+}
+
+class ResourceImages : public testing::TestWithParam<Resource>
+{
+};
+
+TEST_P (ResourceImages, AreDrawnInEachQuadrantAtEachSize)
+{
+    ASSERT_NE (load (GetParam()), nullptr);
+
+    for (const int size : { 20, 60, 200 })
+    {
+        const auto image = paintedWithin (GetParam(), size);
+        const int half = size / 2;
+
+        for (const juce::Point<int> corner :
+             { juce::Point<int> { 0, 0 }, { half, 0 }, { 0, half }, { half, half } })
+        {
+            const auto quadrant = image.getClippedImage ({ corner.x, corner.y, half, half }).createCopy();
+            EXPECT_FALSE (areaOtherThan (quadrant, juce::Colours::transparentBlack).isEmpty())
+                << size << " pixels, quadrant at " << corner.toString();
+        }
+    }
+}
+
+TEST_P (ResourceImages, HoldPathsAlone)
+{
+    const auto& image = GetParam();
+    const auto svg = juce::parseXML (juce::String::fromUTF8 (image.data, image.size));
+    ASSERT_NE (svg, nullptr);
+
+    // JUCE would draw text with a font of the system.
+    for (const char* const element : { "text", "image", "use", "style" })
+        EXPECT_EQ (svg->getChildByName (element), nullptr) << element;
+}
+
+INSTANTIATE_TEST_SUITE_P (Svg, ResourceImages, testing::ValuesIn (images), rowName<Resource>);
+
+struct MirrorCase
+{
+    const char* name;
+    Resource image, mirrored;
+    bool leftToRight, topToBottom;
+};
+
+const MirrorCase mirrorCases[] = {
+    { "RedoMirrorsUndo", RESOURCE (UndoCurvedArrow_svg), RESOURCE (RedoCurvedArrow_svg), true, false },
+    { "PreviousTurnsNext", RESOURCE (PlayButton_svg), RESOURCE (PlayButtonRotated180_svg), true, true },
+};
+
+class ResourcePairs : public testing::TestWithParam<MirrorCase>
+{
+};
+
+TEST_P (ResourcePairs, AreMirrorImages)
+{
+    constexpr int size = 60;
+    const auto& row = GetParam();
+    const auto image = paintedWithin (row.image, size);
+    const auto mirrored = paintedWithin (row.mirrored, size);
+    EXPECT_FALSE (sameImage (image, mirrored));
+
+    // Edges are smoothed from the other side, so only what is quite inside or outside has to agree.
+    for (int y = 0; y < size; ++y)
+    {
+        for (int x = 0; x < size; ++x)
+        {
+            const int alpha = image.getPixelAt (x, y).getAlpha();
+            const int mirroredAlpha =
+                mirrored.getPixelAt (row.leftToRight ? size - 1 - x : x, row.topToBottom ? size - 1 - y : y)
+                    .getAlpha();
+
+            if (alpha == 0 || alpha == 255)
+            {
+                ASSERT_EQ (mirroredAlpha >= 128, alpha == 255) << x << ", " << y;
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P (Svg, ResourcePairs, testing::ValuesIn (mirrorCases), rowName<MirrorCase>);
+
+TEST (ResourceImagesInThePanel, LogoEndsLeftOfItsCaptionAndInsideTheBar)
+{
+    // As the panel draws it, in shares of the window's height.
+    constexpr float scale = 0.00052f, left = 0.015f, top = 0.019f, captionLeft = 0.48f, barHeight = 0.08f;
+    const auto size = load (images[0])->getDrawableBounds();
+
+    EXPECT_LT (left + scale * size.getRight(), captionLeft);
+    EXPECT_LT (top + scale * size.getBottom(), barHeight);
+}
+
+juce::Font face (const Resource& data)
+{
+    return { juce::Typeface::createSystemTypefaceFor (data.data, static_cast<std::size_t> (data.size)) };
+}
+
+TEST (ResourceFaces, AreARegularAndAnItalicOfOneFamily)
+{
+    const auto regular = face (RESOURCE (kenyan_coffee_rg_ttf));
+    const auto italic = face (RESOURCE (kenyan_coffee_rg_it_ttf));
+
+    EXPECT_EQ (regular.getTypefaceName(), italic.getTypefaceName());
+    EXPECT_EQ (regular.getTypefaceStyle(), "Regular");
+    EXPECT_EQ (italic.getTypefaceStyle(), "Italic");
+
+    juce::Array<int> glyphs;
+    juce::Array<float> positions;
+    const auto text = juce::String::fromUTF8 ("AZaz09 -%/:!'\"()[]+.,;_#&@\xc3\xa4\xc3\xb1\xce\xa9\xd0\x96");
+    regular.getGlyphPositions (text, glyphs, positions);
+    ASSERT_EQ (glyphs.size(), text.length());
+    EXPECT_FALSE (glyphs.contains (0)) << "a letter is missing";
+}
+
+struct FitCase
+{
+    const char* name;
+    const char* text;
+    float width;   // the component's, as a share of the window's height
+    float height;  // likewise
+    bool isButton; // else a toggle
+};
+
+const FitCase fitCases[] = {
+    { "WidestButton", "EXPERT MODE", 0.18f, 0.07f, true },
+    { "SecondWidestButton", "PHASE FLIP", 0.18f, 0.07f, true },
+    { "SmallestButton", "SAVE", 0.09f, 0.0455f, true },
+    { "PanLawToggle", "PAN LAW -0 dB", 0.18216f, 0.0375f, false },
+    { "WidestToggle", "bind M/S levels", 0.18216f, 0.0375f, false },
+    { "NarrowestToggle", "align phase", 0.1449f, 0.0375f, false },
+};
+
+class ResourceFaceFits : public testing::TestWithParam<FitCase>
+{
+};
+
+TEST_P (ResourceFaceFits, InOneLineAtEachWindowHeight)
+{
+    const auto& row = GetParam();
+    CrzQ7LookAndFeelV1 lookAndFeel;
+
+    for (const int windowHeight : { 250, 300, 400, 520, 600, 800 })
+    {
+        const auto inPixels = [windowHeight] (float share)
+        { return juce::roundToInt (share * static_cast<float> (windowHeight)); };
+        const int width = inPixels (row.width), height = inPixels (row.height);
+
+        const auto image = painted (width,
+                                    height,
+                                    juce::Colours::white,
+                                    [&] (juce::Graphics& g)
+                                    {
+                                        if (row.isButton)
+                                        {
+                                            juce::TextButton button (row.text);
+                                            button.setLookAndFeel (&lookAndFeel);
+                                            button.setSize (width, height);
+                                            lookAndFeel.drawButtonText (g, button, false, false);
+                                        }
+                                        else
+                                        {
+                                            juce::ToggleButton button (row.text);
+                                            button.setSize (width, height);
+                                            lookAndFeel.drawToggleButton (g, button, false, false);
+                                        }
+                                    });
+        const auto found = areaOtherThan (image, juce::Colours::white);
+
+        // A cut toggle text ends short of its own width; a second line would make a button's text lower.
+        const auto font = face (RESOURCE (kenyan_coffee_rg_ttf));
+        const float fontHeight = static_cast<float> (height) * (row.isButton ? 0.8f : 1.0f);
+        const float natural = font.withHeight (fontHeight).getStringWidthFloat (row.text);
+
+        if (row.isButton)
+            EXPECT_GT (static_cast<float> (found.getHeight()), 0.45f * fontHeight) << windowHeight;
+        else
+            EXPECT_LE (natural, static_cast<float> (width - 2 - static_cast<int> (0.8f * fontHeight)) + 1.0f)
+                << windowHeight;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P (Captions, ResourceFaceFits, testing::ValuesIn (fitCases), rowName<FitCase>);
+} // namespace
