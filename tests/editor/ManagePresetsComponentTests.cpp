@@ -1,0 +1,246 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The panel that names a preset: its entry, its keys and buttons, its place and its ground.
+
+#include <editor/ManagePresetsComponent.h>
+
+#include "DeliverMessages.h"
+#include "PaintedPicture.h"
+
+#include <editor/CrzQ7Colours.h>
+#include <engine/WideLoomAudioProcessor.h>
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+
+namespace
+{
+/** A processor whose current preset has whatever name a test gives it. */
+class NamedProcessor : public WideLoomAudioProcessor
+{
+public:
+    const juce::String getProgramName (int program) override
+    {
+        return program == getCurrentProgram() ? name : juce::String ("?");
+    }
+
+    juce::String name { "Wide *" };
+};
+
+/** Does what the main panel does with the component, and keeps a record. */
+class SavingPanel : public ManagePresetsComponent::Owner
+{
+public:
+    void saveUserPreset() override
+    {
+        log.add ("save " + component->getPresetName());
+        component->hide();
+    }
+
+    void cancelUserPresetSaving() override
+    {
+        log.add ("cancel");
+        component->hide();
+    }
+
+    ManagePresetsComponent* component = nullptr;
+    juce::StringArray log;
+};
+
+/** The component in a panel of 900 x 600 pixels, which gives it 360 x 240. */
+class ManagePresetsComponentTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        panel.setSize (900, 600);
+        panel.addAndMakeVisible (component);
+        component.setBoundsRelative (0.3f, 0.16f, 0.4f, 0.4f);
+        owner.component = &component;
+        component.show();
+    }
+
+    juce::TextEditor& entry() { return *partOfType<juce::TextEditor> (0); }
+    juce::TextButton& saveButton() { return *partOfType<juce::TextButton> (0); }
+    juce::TextButton& cancelButton() { return *partOfType<juce::TextButton> (1); }
+
+    void type (const juce::String& text)
+    {
+        entry().selectAll();
+        entry().insertTextAtCaret (text);
+    }
+
+    /** Keys reach their listener by messages, as clicks by code do. */
+    void press (int keyCode)
+    {
+        entry().keyPressed (juce::KeyPress (keyCode));
+        deliverPostedMessages();
+    }
+
+    NamedProcessor processor;
+    SavingPanel owner;
+    juce::Font font { 40.0f };
+    juce::Component panel;
+    ManagePresetsComponent component { &processor, &owner, &font };
+
+private:
+    template <typename Part>
+    Part* partOfType (int index)
+    {
+        for (auto* child : component.getChildren())
+            if (auto* part = dynamic_cast<Part*> (child); part != nullptr && index-- == 0)
+                return part;
+
+        throw std::logic_error ("no such part");
+    }
+};
+
+TEST_F (ManagePresetsComponentTest, OpensWithTheCurrentNameSelected)
+{
+    struct Row
+    {
+        const char* presetName;
+        const char* shown;
+    };
+
+    const Row rows[] = { { "Plain", "Plain" },
+                         { "Changed *", "Changed " },
+                         { "*", "" },
+                         { "", "" },
+                         // A file may carry a name that could not be typed; it stays whole.
+                         { "Stra\xc3\x9f"
+                           "e (2).old",
+                           "Stra\xc3\x9f"
+                           "e (2).old" },
+                         { "0123456789012345678901234567890123456789+",
+                           "0123456789012345678901234567890123456789+" } };
+
+    for (const auto& row : rows)
+    {
+        component.hide();
+        EXPECT_FALSE (component.isVisible());
+        processor.name = juce::String::fromUTF8 (row.presetName);
+        component.show();
+
+        EXPECT_TRUE (component.isVisible());
+        EXPECT_EQ (entry().getText(), juce::String::fromUTF8 (row.shown));
+        EXPECT_EQ (entry().getHighlightedText(), juce::String::fromUTF8 (row.shown));
+    }
+}
+
+TEST_F (ManagePresetsComponentTest, TakesOnlyNamesOfThirtyNineCharacters)
+{
+    struct Row
+    {
+        const char* typed;
+        const char* taken;
+    };
+
+    const Row rows[] = {
+        { "a/b\\c*d:e.f", "abcdef" },
+        { "Az09 _-!+#%&", "Az09 _-!+#%&" },
+        { "\xc3\xa4\xe2\x82\xac~", "" },
+        { "123456789012345678901234567890123456789X", "123456789012345678901234567890123456789" },
+    };
+
+    for (const auto& row : rows)
+    {
+        type (juce::String::fromUTF8 (row.typed));
+        EXPECT_EQ (entry().getText(), row.taken);
+    }
+}
+
+TEST_F (ManagePresetsComponentTest, ReturnSavesUnderTheTextEntered)
+{
+    type ("New name");
+    press (juce::KeyPress::returnKey);
+
+    EXPECT_EQ (owner.log, juce::StringArray ("save New name"));
+}
+
+TEST_F (ManagePresetsComponentTest, AnEmptiedEntrySavesUnderTheNameItOpenedWith)
+{
+    entry().clear();
+    press (juce::KeyPress::returnKey);
+
+    // The save takes the "*" away.
+    EXPECT_EQ (owner.log, juce::StringArray ("save Wide *"));
+}
+
+TEST_F (ManagePresetsComponentTest, TwoReturnsInOneGoSaveOnce)
+{
+    entry().keyPressed (juce::KeyPress (juce::KeyPress::returnKey));
+    press (juce::KeyPress::returnKey);
+
+    EXPECT_EQ (owner.log, juce::StringArray ("save Wide "));
+}
+
+TEST_F (ManagePresetsComponentTest, EscapeBringsTheNameBackAndStaysOpen)
+{
+    type ("Something else");
+    press (juce::KeyPress::escapeKey);
+
+    EXPECT_TRUE (component.isVisible());
+    EXPECT_TRUE (owner.log.isEmpty());
+    EXPECT_EQ (entry().getText(), "Wide ");
+    EXPECT_EQ (entry().getHighlightedText(), "Wide ");
+    EXPECT_EQ (component.getPresetName(), "Wide ");
+}
+
+TEST_F (ManagePresetsComponentTest, ButtonsSaveAndCancel)
+{
+    EXPECT_EQ (saveButton().getButtonText(), "SAVE");
+    EXPECT_EQ (saveButton().getTooltip(), "SAVE: click to save this as a user preset");
+    EXPECT_EQ (cancelButton().getButtonText(), "CANCEL");
+    EXPECT_EQ (cancelButton().getTooltip(), "CANCEL: DO NOT SAVE this preset and close dialog");
+
+    type ("Mine");
+    saveButton().triggerClick();
+    deliverPostedMessages();
+    EXPECT_EQ (owner.log, juce::StringArray ("save Mine"));
+
+    component.show();
+    type ("Other");
+    cancelButton().triggerClick();
+    deliverPostedMessages();
+    EXPECT_EQ (owner.log, juce::StringArray ({ "save Mine", "cancel" }));
+}
+
+TEST_F (ManagePresetsComponentTest, PlacesItsPartsAndSizesItsFont)
+{
+    EXPECT_EQ (component.getBounds(), juce::Rectangle<int> (270, 96, 360, 240));
+    EXPECT_EQ (entry().getBounds(), juce::Rectangle<int> (18, 60, 324, 53));
+    EXPECT_EQ (saveButton().getBounds(), juce::Rectangle<int> (18, 168, 153, 48));
+    EXPECT_EQ (cancelButton().getBounds(), juce::Rectangle<int> (189, 168, 153, 48));
+    EXPECT_NEAR (entry().getFont().getHeight(), 33.6f, 1.0e-4f); // 240 * 0.2 * 0.7
+}
+
+TEST_F (ManagePresetsComponentTest, PaintsItsGroundAndCaption)
+{
+    const auto image = paintedPicture (component);
+
+    // Round by 1 % of the panel's 600 pixels; the frame begins after 5 % of 240.
+    EXPECT_EQ (image.getPixelAt (0, 0).getAlpha(), 0);
+    EXPECT_EQ (image.getPixelAt (6, 0), juce::Colours::black);
+    EXPECT_EQ (image.getPixelAt (11, 130), juce::Colours::black);
+    EXPECT_EQ (image.getPixelAt (13, 130).getRed(), 26);
+
+    // The caption stands between its top, 14 pixels, and the entry; nothing of it below the buttons.
+    EXPECT_GT (countPixels (image, { 18, 14, 324, 40 }, juce::Colours::darkgrey, 4), 50);
+    EXPECT_EQ (countPixels (image, { 18, 120, 324, 40 }, juce::Colours::darkgrey, 4), 0);
+}
+
+TEST (ManagePresetsComponent, WorksWithoutPanelAndFont)
+{
+    NamedProcessor processor;
+    ManagePresetsComponent component (&processor, nullptr, nullptr);
+    component.setSize (90, 60);
+    component.show();
+    paintedPicture (component);
+
+    EXPECT_EQ (component.getPresetName(), "Wide ");
+}
+} // namespace

@@ -1,0 +1,250 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The stereo field: the triangle's corners, what is drawn when, and its colours.
+
+#include <editor/StereoComponent.h>
+
+#include "PaintedPicture.h"
+
+#include <editor/CrzQ7Colours.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+
+namespace
+{
+constexpr int width = 360;
+constexpr int height = 240;
+
+// The field is inset by a tenth of the height.
+const juce::Rectangle<float> field { 24.0f, 24.0f, 312.0f, 192.0f };
+constexpr float left = 24.0f, right = 336.0f, bottom = 216.0f, centreX = 180.0f;
+
+struct TriangleCase
+{
+    const char* name;
+    float stereoWidth, pan;
+    juce::Point<float> first, second;
+};
+
+class StereoComponentTriangle : public testing::TestWithParam<TriangleCase>
+{
+};
+
+// Before it is tilted, a corner stands 3.12, 157.56 or 312 pixels apart from the other (s = 0.01, 0.505 and 1
+// of the field's width), and 190.848, 133.824 or 76.8 pixels above the bottom (0.6 s of its height from the
+// top).
+const TriangleCase triangleCases[] = {
+    { "SpikeInTheMiddle", 0.0f, 0.5f, { centreX - 1.56f, 25.152f }, { centreX + 1.56f, 25.152f } },
+    { "SpikeToTheLeft", 0.0f, 0.0f, { left, bottom }, { left, bottom - 1.56f } },
+    { "SpikeToTheRight", 0.0f, 1.0f, { right, bottom - 1.56f }, { right, bottom } },
+    { "NormalInTheMiddle", 0.5f, 0.5f, { centreX - 78.78f, 82.176f }, { centreX + 78.78f, 82.176f } },
+    { "NormalToTheLeft",
+      0.5f,
+      0.0f,
+      { centreX - 133.824f, bottom },
+      { centreX - 133.824f, bottom - 78.78f } },
+    { "NormalToTheRight",
+      0.5f,
+      1.0f,
+      { centreX + 133.824f, bottom - 78.78f },
+      { centreX + 133.824f, bottom } },
+    { "WideInTheMiddle", 1.0f, 0.5f, { left, 139.2f }, { right, 139.2f } },
+    { "WideToTheLeft", 1.0f, 0.0f, { centreX - 76.8f, bottom }, { centreX - 76.8f, bottom - 156.0f } },
+    { "WideToTheRight", 1.0f, 1.0f, { centreX + 76.8f, bottom - 156.0f }, { centreX + 76.8f, bottom } },
+    // An eighth turn to the left: (-156, -76.8) and (156, -76.8) from the listener's point, turned by 45
+    // degrees.
+    { "WideHalfLeft", 1.0f, 0.25f, { left, bottom }, { centreX + 56.003f, 51.387f } },
+};
+
+TEST_P (StereoComponentTriangle, StandsInsideTheField)
+{
+    const auto& row = GetParam();
+    const auto corners = StereoComponent::triangleIn (field, row.stereoWidth, row.pan);
+    constexpr float tolerance = 0.01f; // pixels; the rows have three decimals
+
+    EXPECT_NEAR (corners[0].x, row.first.x, tolerance);
+    EXPECT_NEAR (corners[0].y, row.first.y, tolerance);
+    EXPECT_NEAR (corners[1].x, row.second.x, tolerance);
+    EXPECT_NEAR (corners[1].y, row.second.y, tolerance);
+    EXPECT_EQ (corners[2], (juce::Point<float> { centreX, bottom }));
+}
+
+INSTANTIATE_TEST_SUITE_P (Corners,
+                          StereoComponentTriangle,
+                          testing::ValuesIn (triangleCases),
+                          [] (const auto& testCase) { return std::string (testCase.param.name); });
+
+TEST (StereoComponent, LetsACornerRiseAboveTheField)
+{
+    const juce::Rectangle<float> flatField { 0.0f, 0.0f, 300.0f, 50.0f };
+    const auto corners = StereoComponent::triangleIn (flatField, 1.0f, 0.25f);
+
+    EXPECT_LT (corners[1].y, 0.0f);
+}
+
+/** The picture in a parent, as the panel shows it. */
+class Picture
+{
+public:
+    explicit Picture (juce::Font* font = nullptr)
+        : component (font, nullptr, nullptr)
+    {
+        parent.setSize (900, 600);
+        parent.addAndMakeVisible (component);
+        component.setSize (width, height);
+    }
+
+    juce::Image paint() { return paintedPicture (component); }
+
+private:
+    juce::Component parent;
+
+public:
+    StereoComponent component;
+};
+
+const juce::Rectangle<int> wholePicture { width, height };
+
+/** Where no line and no text of the field come: inside the frame, beside the centre line, above the captions.
+ */
+constexpr juce::Point<int> emptyPlace { 150, 20 };
+
+/** Pixels that differ from those of the mirror image by more than the rounding at slanted edges, in an area
+    that is symmetrical itself. Blue stands out in every colour of the line. */
+int asymmetricPixels (const juce::Image& image, juce::Rectangle<int> area)
+{
+    constexpr int edgeRounding = 8; // of 255
+    int count = 0;
+
+    for (int y = area.getY(); y < area.getBottom(); ++y)
+        for (int x = area.getX(); x < area.getRight(); ++x)
+            count +=
+                std::abs (image.getPixelAt (x, y).getBlue() - image.getPixelAt (width - 1 - x, y).getBlue())
+                > edgeRounding;
+
+    return count;
+}
+
+TEST (StereoComponent, IsMirrorSymmetricWithoutPan)
+{
+    Picture picture;
+
+    for (const float stereoWidth : { 0.0f, 0.5f, 1.0f })
+    {
+        // Between the captions above and below; the centre line's two columns are dashed alike.
+        const juce::Rectangle<int> withoutCaptions { 24, 45, 312, 145 };
+        picture.component.setStereoWidth (stereoWidth);
+        picture.component.setPan (0.5f);
+        EXPECT_EQ (asymmetricPixels (picture.paint(), withoutCaptions), 0) << stereoWidth;
+
+        picture.component.setPan (0.6f);
+        EXPECT_GT (asymmetricPixels (picture.paint(), withoutCaptions), 200) << stereoWidth;
+    }
+}
+
+TEST (StereoComponent, WarmsAboveNormalWidth)
+{
+    struct Row
+    {
+        float stereoWidth;
+        juce::Colour line;
+    };
+
+    // Grey is 128, 128, 128; at full width nothing of it is left.
+    const Row rows[] = { { 0.0f, juce::Colour (128, 128, 128) },
+                         { 0.49f, juce::Colour (128, 128, 128) },
+                         { 0.75f, juce::Colour (67, 119, 145) },
+                         { 1.0f, CrzQ7Colours::q7complementColourA } };
+    constexpr int tolerance = 2; // rounding of the overlay
+
+    for (const auto& row : rows)
+    {
+        Picture picture;
+        picture.component.setStereoWidth (row.stereoWidth);
+        const auto image = picture.paint();
+        const auto corners = StereoComponent::triangleIn (field, row.stereoWidth, 0.5f);
+        const auto onTheLine = (corners[1] + (corners[2] - corners[1]) * 0.3f).roundToInt();
+
+        EXPECT_EQ (countPixels (image, { onTheLine.x, onTheLine.y, 1, 1 }, row.line, tolerance), 1)
+            << row.stereoWidth << " " << image.getPixelAt (onTheLine.x, onTheLine.y).toString();
+    }
+}
+
+TEST (StereoComponent, GivesWayToAWord)
+{
+    struct Row
+    {
+        bool bypassed, muted;
+        juce::Colour present, absent;
+    };
+
+    const Row rows[] = {
+        { true, false, CrzQ7Colours::q7mainColour, CrzQ7Colours::q7complementColourA },
+        { false, true, CrzQ7Colours::q7complementColourA, CrzQ7Colours::q7mainColour },
+        { true, true, CrzQ7Colours::q7mainColour, CrzQ7Colours::q7complementColourA },
+    };
+
+    for (const auto& row : rows)
+    {
+        Picture picture;
+        picture.component.setBypassState (row.bypassed);
+        picture.component.setMuteAllState (row.muted);
+        const auto image = picture.paint();
+
+        EXPECT_GT (countPixels (image, wholePicture, row.present, 2), 300);
+        EXPECT_EQ (countPixels (image, wholePicture, row.absent, 2), 0);
+        EXPECT_EQ (countPixels (image, wholePicture, juce::Colours::darkgrey, 2), 0); // no captions, no line
+    }
+
+    Picture picture;
+    const auto fieldPicture = picture.paint();
+    EXPECT_GT (countPixels (fieldPicture, wholePicture, juce::Colours::darkgrey, 2), 100);
+    EXPECT_EQ (countPixels (fieldPicture, wholePicture, CrzQ7Colours::q7mainColour, 2), 0);
+}
+
+TEST (StereoComponent, FramesItsGround)
+{
+    Picture picture;
+    const auto image = picture.paint();
+
+    // The corner is round by 1 % of the parent's 600 pixels, the frame begins after 5 % of 240.
+    EXPECT_EQ (image.getPixelAt (0, 0).getAlpha(), 0);
+    EXPECT_EQ (image.getPixelAt (6, 0), juce::Colours::black);
+    EXPECT_EQ (image.getPixelAt (11, 120), juce::Colours::black);
+    EXPECT_EQ (image.getPixelAt (13, 120).getRed(), 26);
+    EXPECT_EQ (image.getPixelAt (emptyPlace.x, emptyPlace.y).getRed(), 26);
+}
+
+TEST (StereoComponent, SharedFontKeepsItsHeight)
+{
+    juce::Font font (17.0f);
+    Picture picture (&font);
+    picture.paint();
+    picture.component.setBypassState (true);
+    picture.paint();
+
+    EXPECT_EQ (font.getHeight(), 17.0f);
+}
+
+TEST (StereoComponent, PaintsWhateverItIsTold)
+{
+    constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+    constexpr float infinity = std::numeric_limits<float>::infinity();
+
+    for (const float value : { nan, infinity, -infinity, -1.0f, 2.0f, 1.0e30f })
+        for (const auto size :
+             { juce::Point<int> (width, height), juce::Point<int> (1, 1), juce::Point<int> (10, 300) })
+        {
+            StereoComponent component (nullptr, nullptr, nullptr); // no parent either
+            component.setSize (size.x, size.y);
+            component.setStereoWidth (value);
+            component.setPan (value);
+            EXPECT_GT (paintedPicture (component).getPixelAt (0, size.y / 2).getAlpha(), 250);
+        }
+}
+} // namespace
