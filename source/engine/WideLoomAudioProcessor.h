@@ -121,8 +121,10 @@ public:
     /** [message] Takes a session state over; a bad block of any kind changes nothing. */
     void setStateInformation (const void* data, int sizeInBytes) override;
 
-    bool hasEditor() const override { return false; }
-    juce::AudioProcessorEditor* createEditor() override { return nullptr; }
+    bool hasEditor() const override { return true; }
+
+    /** [message] A new editor, owned by the caller. Defined in source/editor. */
+    juce::AudioProcessorEditor* createEditor() override;
 
     //==================================================================================================
     // What the editor shows and what must outlive it

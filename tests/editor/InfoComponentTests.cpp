@@ -1,0 +1,290 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The info screen: its texts, which of its buttons are enabled, and what they do.
+
+#include "EditorUnderTest.h"
+#include "PaintedPicture.h"
+
+#include <editor/CrzQ7Colours.h>
+#include <editor/InfoComponent.h>
+#include <editor/InfoTexts.h>
+#include <engine/NativeWrapperType.h>
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+namespace
+{
+struct FormatCase
+{
+    const char* name;
+    juce::AudioProcessor::WrapperType type;
+    const char* firstLine;
+    const char* description;
+};
+
+class InfoComponentFormat : public testing::TestWithParam<FormatCase>
+{
+};
+
+const FormatCase formatCases[] = {
+    { "Vst",
+      juce::AudioProcessor::wrapperType_VST,
+      "WideLoom v1.1 (VST 32bit)",
+      "VST Plugin Technology by Steinberg\n" },
+    { "Vst3",
+      juce::AudioProcessor::wrapperType_VST3,
+      "WideLoom v1.1 (VST 32bit)",
+      "VST Plugin Technology by Steinberg\n" },
+    { "Au", juce::AudioProcessor::wrapperType_AudioUnit, "WideLoom v1.1 (AU 32bit)", "Audio Unit Plugin\n" },
+    { "AuV3",
+      juce::AudioProcessor::wrapperType_AudioUnitv3,
+      "WideLoom v1.1 (AU 32bit)",
+      "Audio Unit Plugin\n" },
+    { "NativeHost", nativeHostWrapperType, "WideLoom v1.1 (RTAS 32bit)", "RTAS Plugin for Pro Tools\n" },
+    { "Aax",
+      juce::AudioProcessor::wrapperType_AAX,
+      "WideLoom v1.1 (AAX 32bit)",
+      "AAX Plugin for Pro Tools\n" },
+    { "Lv2", juce::AudioProcessor::wrapperType_LV2, "WideLoom v1.1", "" },
+    { "Undefined", juce::AudioProcessor::wrapperType_Undefined, "WideLoom v1.1", "" },
+};
+
+/** The text areas in the order in which they stand: credits, legal notice. */
+std::vector<juce::TextEditor*> textAreas (juce::Component& screen)
+{
+    std::vector<juce::TextEditor*> areas;
+
+    for (auto* child : screen.getChildren())
+        if (auto* area = dynamic_cast<juce::TextEditor*> (child))
+            areas.push_back (area);
+
+    return areas;
+}
+
+TEST_P (InfoComponentFormat, ShowsInVersionAndLegalText)
+{
+    const auto& row = GetParam();
+    juce::AudioProcessor::setTypeOfNextNewPlugin (row.type);
+    EditorUnderTest test;
+    juce::AudioProcessor::setTypeOfNextNewPlugin (juce::AudioProcessor::wrapperType_Undefined);
+
+    const auto areas = textAreas (*findChildOfClass<InfoComponent> (test.panel()));
+    ASSERT_EQ (areas.size(), 2u);
+
+    auto lines = juce::StringArray::fromLines (areas[0]->getText());
+    ASSERT_EQ (lines.size(), 9);
+    EXPECT_EQ (lines[0], row.firstLine);
+    EXPECT_EQ (lines[1], "");
+    EXPECT_EQ (lines[5], "");
+    EXPECT_EQ (lines[6], "Concept: Dorian Vell / Ilse Marrow");
+    EXPECT_EQ (lines[7], "Graphical User Interface: Ilse Marrow");
+    EXPECT_EQ (lines[8], "Programming: Ilse Marrow");
+
+    const auto legal = areas[1]->getText();
+    const auto afterNotice = legal.fromFirstOccurrenceOf ("\n", false, false);
+    EXPECT_TRUE (afterNotice.startsWith (juce::String (row.description) + "( built on: ")) << legal;
+    EXPECT_TRUE (legal.endsWith (" )")) << legal;
+}
+
+INSTANTIATE_TEST_SUITE_P (Formats,
+                          InfoComponentFormat,
+                          testing::ValuesIn (formatCases),
+                          [] (const auto& row) { return std::string (row.param.name); });
+
+//==================================================================================================
+
+class InfoComponentTest : public testing::Test
+{
+protected:
+    ~InfoComponentTest() override
+    {
+        // The ratio goes to the settings file, which other tests read too.
+        test.processor.resetDefaultEditorDesktopHeightRatio();
+    }
+
+    InfoComponent& screen() { return *findChildOfClass<InfoComponent> (test.panel()); }
+
+    void click (const juce::String& caption) { screen().buttonClicked (findButton (screen(), caption)); }
+
+    /** The captions of the enabled buttons, in the order of the screen. */
+    std::string enabledButtons()
+    {
+        juce::StringArray captions;
+
+        for (auto* child : screen().getChildren())
+            if (auto* button = dynamic_cast<juce::TextButton*> (child);
+                button != nullptr && button->isEnabled())
+                captions.add (button->getButtonText());
+
+        return captions.joinIntoString (", ").toStdString();
+    }
+
+    void resizeTo (int height)
+    {
+        test.processor.setEditorHeight (height);
+        test.editor->updateEditorSize();
+    }
+
+    EditorUnderTest test;
+};
+
+TEST_F (InfoComponentTest, EnablesTheSizeButtonsThatWouldChangeSomething)
+{
+    EXPECT_EQ (enabledButtons(), "CLOSE");
+
+    test.editor->setSize (900, 600); // as a drag does it
+    EXPECT_EQ (enabledButtons(), "RESIZE TO DEFAULT, SET CURRENT AS DEFAULT, CLOSE");
+
+    click ("SET CURRENT AS DEFAULT");
+    EXPECT_EQ (test.processor.getDefaultEditorHeight(), 600);
+    EXPECT_EQ (test.editor->getHeight(), 600);
+    EXPECT_EQ (enabledButtons(), "RESET DEFAULT SIZE, CLOSE");
+
+    click ("RESET DEFAULT SIZE");
+    EXPECT_EQ (test.processor.getDefaultEditorHeight(), 500);
+    EXPECT_EQ (test.editor->getHeight(), 600);
+    EXPECT_EQ (enabledButtons(), "RESIZE TO DEFAULT, SET CURRENT AS DEFAULT, CLOSE");
+
+    click ("RESIZE TO DEFAULT");
+    EXPECT_EQ (test.editor->getBounds(), juce::Rectangle<int> (0, 0, 750, 500));
+    EXPECT_EQ (enabledButtons(), "CLOSE");
+}
+
+TEST_F (InfoComponentTest, ClearsTheUndoHistory)
+{
+    const auto& undo = test.control<juce::Button> ("undoButton");
+    const auto& redo = test.control<juce::Button> ("redoButton");
+
+    test.processor.setParamAndNotifyHost ("Pan", 0.25f, true);
+    test.panel().updateUndoButtons();
+    EXPECT_EQ (enabledButtons(), "CLEAR UNDO HISTORY, CLOSE");
+    EXPECT_TRUE (undo.isEnabled());
+
+    test.processor.undoLastParameterChange();
+    test.panel().updateUndoButtons();
+    EXPECT_EQ (enabledButtons(), "CLEAR UNDO HISTORY, CLOSE"); // there is a redo
+    EXPECT_TRUE (redo.isEnabled());
+
+    click ("CLEAR UNDO HISTORY");
+    EXPECT_EQ (enabledButtons(), "CLOSE");
+    EXPECT_FALSE (undo.isEnabled());
+    EXPECT_FALSE (redo.isEnabled());
+}
+
+TEST_F (InfoComponentTest, OpensFromTheTitleAndCloses)
+{
+    EXPECT_FALSE (screen().isVisible());
+    test.panel().showInfoComponent();
+    EXPECT_TRUE (screen().isVisible());
+    EXPECT_EQ (screen().getBounds(), test.panel().getLocalBounds());
+    click ("CLOSE");
+    EXPECT_FALSE (screen().isVisible());
+}
+
+struct BoundsCase
+{
+    const char* caption;
+    juce::Rectangle<int> bounds; ///< pixels at 900 x 600
+};
+
+const BoundsCase boundsCases[] = {
+    { "RESIZE TO DEFAULT", { 12, 18, 151, 42 } },
+    { "SET CURRENT AS DEFAULT", { 12, 156, 151, 84 } },
+    { "RESET DEFAULT SIZE", { 12, 336, 151, 84 } },
+    { "CLEAR UNDO HISTORY", { 735, 456, 151, 84 } },
+    { "CLOSE", { 374, 552, 151, 42 } },
+};
+
+TEST_F (InfoComponentTest, PlacesButtonsAndTexts)
+{
+    resizeTo (600);
+
+    for (const auto& row : boundsCases)
+    {
+        const auto* button = findButton (screen(), row.caption);
+        ASSERT_NE (button, nullptr) << row.caption;
+        EXPECT_EQ (button->getBounds(), row.bounds) << row.caption;
+    }
+
+    const auto areas = textAreas (screen());
+    EXPECT_EQ (areas[0]->getBounds(), juce::Rectangle<int> (198, 30, 540, 420));
+    EXPECT_EQ (areas[1]->getBounds(), juce::Rectangle<int> (198, 420, 540, 156));
+    EXPECT_FLOAT_EQ (areas[0]->getFont().getHeight(), 42.0f);
+    EXPECT_FLOAT_EQ (areas[1]->getFont().getHeight(), 33.0f);
+}
+
+TEST_F (InfoComponentTest, FitsItsTextsAtEverySize)
+{
+    for (const int height : { 250, 400, 600, 800 })
+    {
+        resizeTo (height);
+
+        for (const auto* area : textAreas (screen()))
+        {
+            const auto font = area->getFont();
+            const auto lines = juce::StringArray::fromLines (area->getText());
+            const int room = area->getWidth() - area->getLeftIndent() - area->getBorder().getLeftAndRight();
+
+            for (const auto& line : lines)
+                EXPECT_LT (font.getStringWidth (line), room) << line << " at " << height;
+
+            EXPECT_LE (area->getTextHeight() + area->getTopIndent() + area->getBorder().getTopAndBottom(),
+                       area->getHeight())
+                << "at " << height;
+        }
+    }
+}
+
+TEST_F (InfoComponentTest, PaintsFrameAndFacts)
+{
+    resizeTo (600);
+    const auto picture = paintedPicture (screen());
+
+    EXPECT_EQ (picture.getPixelAt (2, 2), CrzQ7Colours::q7complementColourA);
+    EXPECT_EQ (picture.getPixelAt (450, 505), juce::Colours::lightgrey);
+    EXPECT_EQ (picture.getPixelAt (450, 18), juce::Colours::black.brighter (0.5f));
+
+    // Texts start at these heights: sizes at the left, facts at the right.
+    for (const int y : { 78, 108, 258, 288 })
+        EXPECT_GT (countPixels (picture, { 31, y, 117, 30 }, juce::Colours::black, 60), 20) << y;
+    for (const int y : { 18, 48, 108, 138, 198, 228, 288, 318 })
+        EXPECT_GT (countPixels (picture, { 738, y, 160, 33 }, juce::Colours::black, 60), 20) << y;
+    for (const int y : { 86, 176, 266 })
+        EXPECT_EQ (countPixels (picture, { 738, y, 160, 14 }, CrzQ7Colours::q7complementColourA, 0), 160 * 14)
+            << y;
+}
+
+TEST_F (InfoComponentTest, ShowsTheValuesOfTheMoment)
+{
+    const auto factArea = [] (int y) { return juce::Rectangle<int> (615, y, 134, 25); };
+    const auto sampleRateText = factArea (40);
+    const auto channelsText = factArea (265);
+
+    const auto cut = [&] (juce::Rectangle<int> area)
+    { return paintedPicture (screen()).getClippedImage (area).createCopy(); };
+    const auto same = [] (const juce::Image& a, const juce::Image& b)
+    {
+        for (int y = 0; y < a.getHeight(); ++y)
+            for (int x = 0; x < a.getWidth(); ++x)
+                if (a.getPixelAt (x, y) != b.getPixelAt (x, y))
+                    return false;
+        return true;
+    };
+
+    const auto unknownRate = cut (sampleRateText);
+    const auto channelsBefore = cut (channelsText);
+    EXPECT_TRUE (same (unknownRate, cut (sampleRateText)));
+
+    test.processor.setPlayConfigDetails (2, 2, 48000.0, 16);
+    juce::AudioBuffer<float> block (2, 16);
+    block.clear();
+    juce::MidiBuffer noMidi;
+    test.processor.processBlock (block, noMidi);
+    EXPECT_FALSE (same (unknownRate, cut (sampleRateText)));
+    EXPECT_FALSE (same (channelsBefore, cut (channelsText)));
+}
+} // namespace

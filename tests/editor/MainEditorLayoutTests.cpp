@@ -1,0 +1,331 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The panel's layout: every control's place in pixels, what overlaps what, and whether the texts fit.
+
+#include "EditorUnderTest.h"
+
+#include <editor/CrzQ7LookAndFeelV1.h>
+#include <editor/CrzRotarySlider.h>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace
+{
+using Pixels = juce::Rectangle<int>;
+
+/** In pixels of the parent, at the heights of `heights`. */
+struct PlaceCase
+{
+    const char* id;
+    std::array<Pixels, 3> bounds;
+};
+
+constexpr std::array<int, 3> heights { 250, 387, 600 };
+
+// clang-format off
+const PlaceCase placeCases[] = {
+    { "settingsPopupButton", { { { 357, 4, 14, 14 }, { 553, 7, 22, 22 }, { 857, 10, 34, 34 } } } },
+    { "panLawGroup", { { { 213, 146, 50, 38 }, { 329, 226, 77, 58 }, { 511, 351, 119, 90 } } } },
+    { "panCurveGroup", { { { 113, 146, 50, 38 }, { 174, 226, 77, 58 }, { 270, 351, 119, 90 } } } },
+    { "msModeGroup", { { { 113, 190, 50, 38 }, { 174, 294, 77, 58 }, { 270, 456, 119, 90 } } } },
+    { "panModeGroup", { { { 213, 190, 50, 38 }, { 329, 294, 77, 58 }, { 511, 456, 119, 90 } } } },
+    { "inputGainSlider", { { { 19, 38, 22, 40 }, { 29, 58, 35, 62 }, { 45, 90, 54, 96 } } } },
+    { "outputGainSlider", { { { 334, 38, 22, 40 }, { 516, 58, 35, 62 }, { 801, 90, 54, 96 } } } },
+    { "safeBassFreqSlider", { { { 281, 92, 22, 40 }, { 435, 143, 35, 62 }, { 675, 222, 54, 96 } } } },
+    { "stereoWidthSlider", { { { 167, 190, 41, 45 }, { 258, 294, 64, 70 }, { 400, 456, 99, 108 } } } },
+    { "panSlider", { { { 176, 154, 22, 40 }, { 273, 238, 35, 62 }, { 423, 369, 54, 96 } } } },
+    { "titleLabel", { { { 141, 0, 94, 21 }, { 218, 1, 145, 33 }, { 338, 1, 225, 51 } } } },
+    { "bottomInfoLabel", { { { 6, 231, 262, 15 }, { 9, 357, 406, 23 }, { 14, 554, 630, 36 } } } },
+    { "channelNameLabel", { { { 273, 4, 82, 15 }, { 422, 6, 128, 23 }, { 655, 9, 198, 36 } } } },
+    { "presetNameLabel", { { { 113, 24, 150, 12 }, { 174, 37, 232, 19 }, { 270, 57, 360, 30 } } } },
+    { "stereoWidthLabel", { { { 120, 54, 28, 16 }, { 186, 84, 44, 25 }, { 288, 131, 68, 39 } } } },
+    { "panLabel", { { { 227, 54, 28, 16 }, { 351, 84, 44, 25 }, { 544, 131, 68, 39 } } } },
+    { "stereoComponent", { { { 113, 40, 150, 100 }, { 174, 62, 232, 155 }, { 270, 96, 360, 240 } } } },
+    { "managePresetsComponent", { { { 113, 40, 150, 100 }, { 174, 62, 232, 155 }, { 270, 96, 360, 240 } } } },
+    { "inputVuMeter", { { { 8, 80, 45, 125 }, { 12, 124, 70, 194 }, { 18, 192, 108, 300 } } } },
+    { "outputVuMeter", { { { 322, 80, 45, 125 }, { 499, 124, 70, 194 }, { 774, 192, 108, 300 } } } },
+    { "alignPhaseButton", { { { 274, 206, 36, 9 }, { 423, 319, 56, 15 }, { 657, 495, 87, 22 } } } },
+    { "muteAllButton", { { { 8, 210, 45, 18 }, { 12, 325, 70, 27 }, { 18, 504, 108, 42 } } } },
+    { "bypassButton", { { { 322, 210, 45, 18 }, { 499, 325, 70, 27 }, { 774, 504, 108, 42 } } } },
+    { "safeBassButton", { { { 270, 48, 45, 18 }, { 418, 74, 70, 27 }, { 648, 114, 108, 42 } } } },
+    { "swapLrButton", { { { 60, 48, 45, 18 }, { 93, 74, 70, 27 }, { 144, 114, 108, 42 } } } },
+    { "phaseFlipButton", { { { 60, 81, 45, 18 }, { 93, 126, 70, 27 }, { 144, 195, 108, 42 } } } },
+    { "monoButton", { { { 60, 115, 45, 18 }, { 93, 178, 70, 27 }, { 144, 276, 108, 42 } } } },
+    { "muteMidButton", { { { 270, 160, 45, 18 }, { 418, 248, 70, 27 }, { 648, 384, 108, 42 } } } },
+    { "muteSideButton", { { { 270, 185, 45, 18 }, { 418, 286, 70, 27 }, { 648, 444, 108, 42 } } } },
+    { "easyModeButton", { { { 60, 160, 45, 18 }, { 93, 248, 70, 27 }, { 144, 384, 108, 42 } } } },
+    { "expertModeButton", { { { 60, 185, 45, 18 }, { 93, 286, 70, 27 }, { 144, 444, 108, 42 } } } },
+    { "saveButton", { { { 60, 24, 22, 11 }, { 93, 38, 35, 18 }, { 144, 58, 54, 27 } } } },
+    { "undoButton", { { { 242, 4, 14, 14 }, { 374, 7, 22, 22 }, { 580, 10, 34, 34 } } } },
+    { "redoButton", { { { 257, 4, 14, 14 }, { 398, 7, 22, 22 }, { 616, 10, 34, 34 } } } },
+    { "nextButton", { { { 291, 24, 22, 11 }, { 450, 38, 35, 18 }, { 698, 58, 54, 27 } } } },
+    { "prevButton", { { { 266, 24, 22, 11 }, { 412, 38, 35, 18 }, { 639, 58, 54, 27 } } } },
+    { "panLaw0Button", { { { 2, 2, 46, 10 }, { 4, 4, 71, 14 }, { 6, 6, 109, 22 } } } },
+    { "panLaw3Button", { { { 2, 14, 46, 10 }, { 4, 22, 71, 14 }, { 6, 34, 109, 22 } } } },
+    { "panLaw6Button", { { { 2, 26, 46, 10 }, { 4, 40, 71, 14 }, { 6, 62, 109, 22 } } } },
+    { "panCurveLinearButton", { { { 2, 2, 46, 10 }, { 4, 4, 71, 14 }, { 6, 6, 109, 22 } } } },
+    { "panCurveLogButton", { { { 2, 14, 46, 10 }, { 4, 22, 71, 14 }, { 6, 34, 109, 22 } } } },
+    { "panCurveSinCosButton", { { { 2, 26, 46, 10 }, { 4, 40, 71, 14 }, { 6, 62, 109, 22 } } } },
+    { "fixMidLevelButton", { { { 2, 6, 46, 10 }, { 4, 10, 71, 14 }, { 6, 15, 109, 22 } } } },
+    { "bindMsLevelsButton", { { { 2, 22, 46, 10 }, { 4, 34, 71, 14 }, { 6, 53, 109, 22 } } } },
+    { "dualPanButton", { { { 2, 6, 46, 10 }, { 4, 10, 71, 14 }, { 6, 15, 109, 22 } } } },
+    { "balanceButton", { { { 2, 22, 46, 10 }, { 4, 34, 71, 14 }, { 6, 53, 109, 22 } } } },
+};
+// clang-format on
+
+class MainEditorPlace : public testing::TestWithParam<PlaceCase>
+{
+};
+
+void setHeight (EditorUnderTest& test, int height)
+{
+    test.processor.setEditorHeight (height);
+    test.editor->updateEditorSize();
+}
+
+TEST_P (MainEditorPlace, IsExactAtEveryHeight)
+{
+    const auto& row = GetParam();
+    EditorUnderTest test;
+    const auto* control = findChildWithID (test.panel(), row.id);
+    ASSERT_NE (control, nullptr);
+
+    for (size_t i = 0; i < heights.size(); ++i)
+    {
+        setHeight (test, heights[i]);
+        EXPECT_EQ (control->getBounds().toString(), row.bounds[i].toString()) << "at " << heights[i];
+    }
+}
+
+std::string idOf (const testing::TestParamInfo<PlaceCase>& info)
+{
+    return info.param.id;
+}
+
+INSTANTIATE_TEST_SUITE_P (Controls, MainEditorPlace, testing::ValuesIn (placeCases), idOf);
+
+TEST (MainEditorLayout, DoesNotDependOnTheDisplay)
+{
+    for (const int displayHeight : { 0, 777, 2160 })
+    {
+        EditorUnderTest test (displayHeight);
+        setHeight (test, heights[2]);
+
+        for (const auto& row : placeCases)
+            EXPECT_EQ (findChildWithID (test.panel(), row.id)->getBounds().toString(),
+                       row.bounds[2].toString())
+                << row.id << " on a display of " << displayHeight;
+    }
+}
+
+TEST (MainEditorLayout, InfoScreenCoversThePanel)
+{
+    EditorUnderTest test;
+    setHeight (test, 387);
+    EXPECT_EQ (findChildWithID (test.panel(), "infoComponent")->getBounds(), test.panel().getLocalBounds());
+}
+
+TEST (MainEditorLayout, ValueTextsOfTheKnobsGrowWithTheWindow)
+{
+    for (const int height : heights)
+    {
+        EditorUnderTest test;
+        setHeight (test, height);
+
+        for (const char* id : { "inputGainSlider", "outputGainSlider", "safeBassFreqSlider" })
+        {
+            auto& slider = test.control<juce::Slider> (id);
+            EXPECT_EQ (slider.getTextBoxHeight(), height * 6 / 100) << id;
+            EXPECT_EQ (slider.getTextBoxWidth(), height * 3 / 10) << id;
+            EXPECT_EQ (slider.isTextBoxEditable(), juce::String (id) != "safeBassFreqSlider") << id;
+        }
+    }
+}
+
+//==================================================================================================
+// Overlaps
+
+/** All that the user can see at once. */
+void showEverything (EditorUnderTest& test)
+{
+    test.processor.setExpertMode (true);
+    test.processor.setMuteMsOption (MuteMsOption::muteMidOnly);
+    test.panel().updateAll();
+}
+
+std::vector<juce::Component*> visibleControls (MainEditorComponent& panel)
+{
+    std::vector<juce::Component*> result;
+
+    for (auto* child : panel.getChildren())
+        if (child->isVisible())
+            result.push_back (child);
+
+    return result;
+}
+
+using Pair = std::pair<std::string, std::string>;
+
+Pair overlap (const std::string& a, const std::string& b)
+{
+    return a < b ? Pair { a, b } : Pair { b, a };
+}
+
+TEST (MainEditorLayout, OnlyTheNamedControlsOverlap)
+{
+    const std::set<Pair> named {
+        overlap ("stereoWidthLabel", "stereoComponent"), // the numbers stand inside the picture
+        overlap ("panLabel", "stereoComponent"),
+        overlap ("panSlider", "stereoWidthSlider"),       // only their empty edges
+        overlap ("stereoWidthSlider", "bottomInfoLabel"), // the knob itself is smaller
+    };
+
+    for (const int height : { 250, 400, 600, 800 })
+    {
+        EditorUnderTest test;
+        showEverything (test);
+        setHeight (test, height);
+        const auto controls = visibleControls (test.panel());
+        std::set<Pair> found;
+
+        for (size_t i = 0; i < controls.size(); ++i)
+            for (size_t j = i + 1; j < controls.size(); ++j)
+                if (controls[i]->getBounds().intersects (controls[j]->getBounds()))
+                    found.insert (overlap (controls[i]->getComponentID().toStdString(),
+                                           controls[j]->getComponentID().toStdString()));
+
+        EXPECT_EQ (found, named) << "at " << height;
+    }
+}
+
+//==================================================================================================
+// Texts
+
+/** One drawn text: its natural width and the room for it, in pixels, and how far it may be squeezed. */
+struct DrawnText
+{
+    juce::String text;
+    float width, room, minimumScale;
+
+    bool fits() const { return width * minimumScale <= room; }
+};
+
+constexpr float notSqueezed = 1.0f;
+constexpr float squeezedByJuce = 0.7f; // the least horizontal scale before an ellipsis comes
+
+std::vector<DrawnText> drawnTexts (EditorUnderTest& test)
+{
+    std::vector<DrawnText> result;
+    auto& look = *test.editor->getLookAndFeel();
+    std::vector<juce::Component*> pending { &test.panel() };
+
+    while (! pending.empty())
+    {
+        auto* component = pending.back();
+        pending.pop_back();
+
+        for (auto* child : component->getChildren())
+            if (child->isVisible())
+                pending.push_back (child);
+
+        if (auto* toggle = dynamic_cast<juce::ToggleButton*> (component))
+        {
+            // Drawn as high as the button, right of a sphere of eight tenths of its height.
+            const auto height = static_cast<float> (toggle->getHeight());
+            juce::TextButton proxy;
+            const auto font = look.getTextButtonFont (proxy, toggle->getHeight()).withHeight (height);
+            const auto room = toggle->getWidth() - 2 - static_cast<int> (0.8f * height);
+            result.push_back ({ toggle->getButtonText(),
+                                font.getStringWidthFloat (toggle->getButtonText()),
+                                static_cast<float> (room),
+                                notSqueezed });
+        }
+        else if (auto* button = dynamic_cast<juce::TextButton*> (component))
+        {
+            // JUCE keeps this much free at the sides of a button's caption.
+            const auto font = look.getTextButtonFont (*button, button->getHeight());
+            const int corner = std::min (button->getHeight(), button->getWidth()) / 2;
+            const int indent = std::min (juce::roundToInt (font.getHeight() * 0.6f), 2 + corner / 2);
+            result.push_back ({ button->getButtonText(),
+                                font.getStringWidthFloat (button->getButtonText()),
+                                static_cast<float> (button->getWidth() - 2 * indent),
+                                squeezedByJuce });
+        }
+        else if (auto* label = dynamic_cast<juce::Label*> (component))
+        {
+            const auto font = look.getLabelFont (*label).withHeight (static_cast<float> (label->getHeight()));
+            result.push_back ({ label->getText(),
+                                font.getStringWidthFloat (label->getText()),
+                                static_cast<float> (label->getWidth()),
+                                squeezedByJuce });
+        }
+    }
+
+    return result;
+}
+
+class MainEditorTextFit : public testing::TestWithParam<int>
+{
+};
+
+TEST_P (MainEditorTextFit, NoTextIsCut)
+{
+    EditorUnderTest test;
+    showEverything (test);
+    setHeight (test, GetParam());
+
+    for (const auto& drawn : drawnTexts (test))
+        EXPECT_TRUE (drawn.fits()) << drawn.text << ": " << drawn.width << " in " << drawn.room;
+}
+
+TEST_P (MainEditorTextFit, EveryValueAndTooltipFits)
+{
+    EditorUnderTest test;
+    showEverything (test);
+    setHeight (test, GetParam());
+    auto& look = *test.editor->getLookAndFeel();
+
+    const auto expectFit = [&] (juce::Label& label, const juce::String& text)
+    {
+        const auto font = look.getLabelFont (label).withHeight (static_cast<float> (label.getHeight()));
+        const DrawnText drawn {
+            text, font.getStringWidthFloat (text), static_cast<float> (label.getWidth()), squeezedByJuce
+        };
+        EXPECT_TRUE (drawn.fits()) << drawn.text << ": " << drawn.width << " in " << drawn.room;
+    };
+
+    for (const auto& [labelId, parameter] : { std::pair { "stereoWidthLabel", ParameterId::stereoWidth },
+                                              std::pair { "panLabel", ParameterId::pan } })
+    {
+        const auto* mapper =
+            test.processor.getParameterManager()->getParameter (indexOf (parameter))->getValueMapper();
+
+        for (int step = 0; step <= 1000; ++step)
+            expectFit (test.control<juce::Label> (labelId),
+                       mapper->normed2RealValueAsString (static_cast<float> (step) / 1000.0f));
+    }
+
+    auto& infoLine = test.control<juce::Label> ("bottomInfoLabel");
+
+    for (const auto& row : placeCases)
+        if (auto* client =
+                dynamic_cast<juce::SettableTooltipClient*> (findChildWithID (test.panel(), row.id)))
+            expectFit (infoLine, client->getTooltip());
+
+    for (const auto& name : test.processor.getAllFactoryPresetNames())
+        expectFit (test.control<juce::Label> ("presetNameLabel"), name + "*");
+}
+
+INSTANTIATE_TEST_SUITE_P (Heights,
+                          MainEditorTextFit,
+                          testing::Values (250, 400, 600, 800),
+                          [] (const auto& row) { return std::to_string (row.param); });
+} // namespace

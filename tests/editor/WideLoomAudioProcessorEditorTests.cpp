@@ -1,0 +1,317 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The editor's shell: sizes, limits, the picture of a drag, and coming and going.
+
+#include "EditorUnderTest.h"
+#include "PaintedPicture.h"
+
+#include <editor/CrzQ7Colours.h>
+#include <editor/CrzQ7LookAndFeelV1.h>
+#include <editor/ResizerForEditor.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace
+{
+constexpr float darkScheme = 0.0f;
+constexpr float brightScheme = 0.3f;
+
+/** A mouse event on the corner handle, `moved` pixels away from where the button went down. */
+juce::MouseEvent handleEvent (juce::Component& handle, juce::Point<float> moved)
+{
+    const juce::Point<float> pressed (10.0f, 10.0f);
+    const juce::Time now;
+    return { juce::Desktop::getInstance().getMainMouseSource(),
+             pressed + moved,
+             juce::ModifierKeys (juce::ModifierKeys::leftButtonModifier),
+             juce::MouseInputSource::defaultPressure,
+             juce::MouseInputSource::defaultOrientation,
+             juce::MouseInputSource::defaultRotation,
+             juce::MouseInputSource::defaultTiltX,
+             juce::MouseInputSource::defaultTiltY,
+             &handle,
+             &handle,
+             now,
+             pressed,
+             now,
+             1,
+             true };
+}
+
+class Handle
+{
+public:
+    explicit Handle (EditorUnderTest& test)
+        : resizer (*findChildOfClass<ResizerForEditor> (*test.editor))
+    {
+    }
+
+    void press() { resizer.mouseDown (handleEvent (resizer, {})); }
+    void release() { resizer.mouseUp (handleEvent (resizer, {})); }
+    void drag (float right, float down)
+    {
+        // Reachable through the base alone, as for JUCE's own mouse.
+        static_cast<juce::Component&> (resizer).mouseDrag (handleEvent (resizer, { right, down }));
+    }
+
+    juce::Rectangle<int> bounds() const { return resizer.getBounds(); }
+
+private:
+    ResizerForEditor& resizer;
+};
+
+struct DisplayCase
+{
+    const char* name;
+    int displayHeight;
+    juce::Point<int> initial, minimum, maximum;
+};
+
+class EditorShellOnDisplay : public testing::TestWithParam<DisplayCase>
+{
+};
+
+const DisplayCase displayCases[] = {
+    { "Thousand", 1000, { 750, 500 }, { 375, 250 }, { 1200, 800 } },
+    { "Unknown", 0, { 750, 500 }, { 375, 250 }, { 1200, 800 } },
+    { "FullHd", 1080, { 810, 540 }, { 405, 270 }, { 1296, 864 } },
+    { "Uhd", 2160, { 1620, 1080 }, { 810, 540 }, { 2592, 1728 } },
+    { "Odd", 777, { 582, 388 }, { 291, 194 }, { 931, 621 } }, // 388.5 rounds to even, 621.6 is cut
+};
+
+juce::Point<int> sizeOf (const juce::Component& component)
+{
+    return { component.getWidth(), component.getHeight() };
+}
+
+TEST_P (EditorShellOnDisplay, StartsAtHalfAndStaysWithinItsLimits)
+{
+    const auto& row = GetParam();
+    EditorUnderTest test (row.displayHeight);
+    EXPECT_EQ (sizeOf (*test.editor), row.initial);
+
+    constexpr float farAway = 9999.0f;
+    Handle handle (test);
+    handle.press();
+    handle.drag (farAway, farAway);
+    EXPECT_EQ (sizeOf (*test.editor), row.maximum);
+    handle.drag (-farAway, -farAway);
+    EXPECT_EQ (sizeOf (*test.editor), row.minimum);
+    handle.release();
+}
+
+INSTANTIATE_TEST_SUITE_P (Displays,
+                          EditorShellOnDisplay,
+                          testing::ValuesIn (displayCases),
+                          [] (const auto& row) { return std::string (row.param.name); });
+
+TEST (EditorShell, DragsKeepTheRatioAndAreRemembered)
+{
+    EditorUnderTest test;
+    Handle handle (test);
+    handle.press();
+
+    for (const auto& [right, down] : { std::pair { 150.0f, 0.0f }, { 0.0f, -73.0f }, { 33.0f, 91.0f } })
+    {
+        handle.drag (right, down);
+        const auto size = sizeOf (*test.editor);
+        EXPECT_LE (std::abs (static_cast<float> (size.x) - 1.5f * static_cast<float> (size.y)), 1.0f)
+            << size.x << " x " << size.y; // the constrainer rounds one side
+        EXPECT_EQ (test.processor.getEditorHeight(), size.y);
+        EXPECT_EQ (test.panel().getBounds(), test.editor->getLocalBounds());
+    }
+
+    handle.drag (150.0f, 100.0f);
+    handle.release();
+    EXPECT_EQ (sizeOf (*test.editor), juce::Point<int> (900, 600));
+    EXPECT_EQ (test.control<juce::Label> ("bottomInfoLabel").getText(), "Resizer: NEW SIZE set to 900x600");
+
+    // 5 % by 7.5 % of the window, inside its corner.
+    EXPECT_EQ (handle.bounds(), juce::Rectangle<int> (845, 545, 45, 45));
+
+    test.close();
+    test.open();
+    EXPECT_EQ (sizeOf (*test.editor), juce::Point<int> (900, 600));
+}
+
+TEST (EditorShell, TakesAHeightFromTheProcessorPastTheLimitsOfADrag)
+{
+    EditorUnderTest test;
+    test.processor.setEditorHeight (901);
+    test.editor->setTopLeftPosition (5, 6);
+    test.editor->updateEditorSize();
+    EXPECT_EQ (test.editor->getBounds(), juce::Rectangle<int> (0, 0, 1352, 901)); // 1351.5 rounds to even
+
+    test.panel().setNewInfoText ({}, false);
+    test.panel().resizeToDefault();
+    EXPECT_EQ (sizeOf (*test.editor), juce::Point<int> (750, 500));
+    EXPECT_EQ (test.control<juce::Label> ("bottomInfoLabel").getText(), juce::String());
+}
+
+TEST (EditorShell, StaysAtTheTopAndOwnsTheLookOfItsChildren)
+{
+    EditorUnderTest test;
+    auto& handle = *findChildOfClass<ResizerForEditor> (*test.editor);
+    EXPECT_GT (test.editor->getIndexOfChildComponent (&handle),
+               test.editor->getIndexOfChildComponent (&test.panel()));
+
+    juce::Component& anyControl = test.control<juce::Component> ("bypassButton");
+    EXPECT_EQ (&anyControl.getLookAndFeel(), test.editor->getLookAndFeel());
+}
+
+TEST (EditorShell, HandsTheMetersTheirPeaksAndStartsThemAnew)
+{
+    EditorUnderTest test;
+    test.processor.setPlayConfigDetails (2, 2, 48000.0, 16);
+    juce::AudioBuffer<float> block (2, 16);
+    block.clear();
+    block.setSample (0, 3, 0.5f);
+    juce::MidiBuffer noMidi;
+    test.processor.processBlock (block, noMidi);
+
+    const auto before = paintedPicture (test.panel());
+    test.editor->timerCallback();
+    const auto after = paintedPicture (test.panel());
+    EXPECT_FALSE (test.processor.getInputVuMeterVisuals().left > 0.0f);
+
+    const auto differs = [&] (const juce::String& id)
+    {
+        const auto area = test.control<juce::Component> (id).getBounds();
+        int count = 0;
+
+        for (int y = area.getY(); y < area.getBottom(); ++y)
+            for (int x = area.getX(); x < area.getRight(); ++x)
+                count += before.getPixelAt (x, y) != after.getPixelAt (x, y);
+
+        return count;
+    };
+    EXPECT_GT (differs ("inputVuMeter"), 0);
+    EXPECT_GT (differs ("outputVuMeter"), 0);
+}
+
+class EditorShellPicture : public testing::TestWithParam<float>
+{
+};
+
+TEST_P (EditorShellPicture, ShowsArrowsAndTheWordOnAFlatGround)
+{
+    EditorUnderTest test;
+    test.processor.setCurrentColourSchemeBrightness (GetParam());
+    test.processor.setEditorHeight (600);
+    test.editor->updateEditorSize();
+
+    juce::Image image (juce::Image::ARGB, 900, 600, true);
+    juce::Graphics g (image);
+    test.editor->paint (g);
+
+    const auto ground = CrzQ7Colours::q7darkGrey.brighter (GetParam());
+    const auto at = [&] (int x, int y) { return image.getPixelAt (x, y); };
+
+    // Tips at 20 % and 80 %, heads 120 pixels long and wide, shafts 60 pixels thick.
+    for (const auto& [x, y] : { std::pair { 186, 124 }, { 714, 124 }, { 186, 476 }, { 714, 476 } })
+        EXPECT_EQ (at (x, y), juce::Colours::black) << x << ", " << y;
+    for (const auto& [x, y] : { std::pair { 320, 213 }, { 580, 213 }, { 320, 387 }, { 580, 387 } })
+        EXPECT_EQ (at (x, y), juce::Colours::black) << x << ", " << y;
+    for (const auto& [x, y] : { std::pair { 0, 0 }, { 899, 599 }, { 450, 200 }, { 450, 400 }, { 150, 300 } })
+        EXPECT_EQ (at (x, y), ground) << x << ", " << y;
+    EXPECT_EQ (at (170, 110), ground); // just beyond the tip
+
+    const juce::Rectangle<int> word (360, 240, 180, 120);
+    const juce::Rectangle<int> core = word.withSizeKeepingCentre (160, 60);
+    EXPECT_GT (countPixels (image, core, juce::Colours::black, 40), 300);
+    EXPECT_EQ (countPixels (image, word.withTrimmedBottom (90), ground, 0), 180 * 30);
+}
+
+INSTANTIATE_TEST_SUITE_P (Schemes,
+                          EditorShellPicture,
+                          testing::Values (darkScheme, brightScheme),
+                          [] (const auto& row) { return row.param == darkScheme ? "Dark" : "Bright"; });
+
+TEST (EditorShell, ShowsItselfOnlyDuringADrag)
+{
+    EditorUnderTest test;
+    const auto ground = CrzQ7Colours::q7darkGrey.brighter (test.processor.getCurrentColourSchemeBrightness());
+    const juce::Rectangle<int> middleOfArrow (240, 150, 10, 10);
+
+    Handle handle (test);
+    EXPECT_EQ (countPixels (paintedPicture (*test.editor), middleOfArrow, juce::Colours::black, 0), 0);
+    handle.press();
+    const auto picture = paintedPicture (*test.editor);
+    EXPECT_EQ (countPixels (picture, middleOfArrow, juce::Colours::black, 0), 100);
+    EXPECT_EQ (picture.getPixelAt (375, 180), ground);
+    handle.release();
+    EXPECT_EQ (countPixels (paintedPicture (*test.editor), middleOfArrow, juce::Colours::black, 0), 0);
+}
+
+//==================================================================================================
+
+/** Calls `visit` for every visible component below `parent`. */
+void forEachVisibleChild (juce::Component& parent, const std::function<void (juce::Component&)>& visit)
+{
+    for (auto* child : parent.getChildren())
+        if (child->isVisible())
+        {
+            visit (*child);
+            forEachVisibleChild (*child, visit);
+        }
+}
+
+void pumpMessages()
+{
+    juce::MessageManager::getInstance()->runDispatchLoopUntil (1);
+}
+
+TEST (EditorShell, CloseInMidDragOfTheCornerIsHarmless)
+{
+    EditorUnderTest test;
+    Handle handle (test);
+    handle.press();
+    handle.drag (50.0f, 40.0f);
+    test.close();
+    pumpMessages();
+    test.open();
+    EXPECT_TRUE (test.control<juce::Component> ("bypassButton").isVisible());
+}
+
+TEST (EditorShell, OpensAndCloses200TimesWithRandomClicksInBetween)
+{
+    constexpr int numOpenings = 200;
+    constexpr int clicksPerOpening = 3;
+    const auto seed = juce::Time::currentTimeMillis();
+    SCOPED_TRACE (seed);
+    juce::Random random (seed);
+    EditorUnderTest test;
+    test.close();
+
+    for (int opening = 0; opening < numOpenings; ++opening)
+    {
+        test.open();
+
+        for (int click = 0; click < clicksPerOpening; ++click)
+        {
+            std::vector<juce::Component*> targets;
+            forEachVisibleChild (*test.editor, [&] (auto& component) { targets.push_back (&component); });
+            auto* target = targets[static_cast<size_t> (random.nextInt (static_cast<int> (targets.size())))];
+
+            if (auto* button = dynamic_cast<juce::Button*> (target))
+                button->triggerClick();
+            else if (auto* slider = dynamic_cast<juce::Slider*> (target))
+                slider->setValue (random.nextDouble(), juce::sendNotificationSync);
+            else
+                target->mouseDown (handleEvent (*target, {}));
+
+            // Closed now and then with the click still on its way.
+            if (random.nextBool())
+                pumpMessages();
+        }
+
+        test.close();
+    }
+
+    pumpMessages();
+    EXPECT_EQ (test.processor.getActiveEditor(), nullptr);
+}
+} // namespace
