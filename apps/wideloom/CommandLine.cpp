@@ -4,7 +4,9 @@
 #include "CommandLine.h"
 
 #include "MeasureCommand.h"
+#include "OpenCommand.h"
 #include "ParamsCommand.h"
+#include "PictureCommand.h"
 #include "PresetCommand.h"
 #include "PresetsCommand.h"
 #include "RenderCommand.h"
@@ -13,9 +15,8 @@
 
 namespace
 {
-constexpr AddCommand commands[] = {
-    addRenderCommand, addMeasureCommand, addParamsCommand, addPresetsCommand, addPresetCommand
-};
+constexpr AddCommand commands[] = { addRenderCommand, addMeasureCommand, addParamsCommand, addPresetsCommand,
+                                    addPresetCommand, addPictureCommand, addOpenCommand };
 }
 
 ExitStatus runCommandLine (int argc, char** argv)

@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "OpenCommand.h"
+
+#include "AudioInput.h"
+#include "EditorWindow.h"
+#include "EffectSetup.h"
+#include "Interruption.h"
+#include "LoopedProgram.h"
+#include "RealTimeOutput.h"
+
+#include <engine/WideLoomAudioProcessor.h>
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace
+{
+constexpr double silenceRate = 48000.0; // Hz
+constexpr int interruptionCheckMs = 200;
+
+/** What is held in memory at once; some three hours at 48 kHz. */
+constexpr juce::int64 longestLoop = 500'000'000; // frames
+
+struct OpenOptions
+{
+    std::string path; ///< empty for silence
+    EffectSetup setup;
+};
+
+struct Music
+{
+    juce::AudioBuffer<float> samples { 2, 0 };
+    double rate = silenceRate; ///< Hz
+};
+
+Problem readMusic (const std::string& path, Music& music)
+{
+    juce::String problem;
+    const auto input = AudioInput::open (juce::String::fromUTF8 (path.c_str()), problem);
+
+    if (input == nullptr)
+        return problem.toStdString();
+
+    if (input->getNumFrames() > longestLoop)
+        return input->getName().toStdString() + " is too long to be held in memory";
+
+    const auto numFrames = static_cast<int> (input->getNumFrames());
+    music.rate = input->getSampleRate();
+    music.samples.setSize (2, numFrames);
+
+    if (numFrames > 0 && ! input->read (music.samples, 0, numFrames))
+        return input->getName().toStdString() + " cannot be read to its end";
+
+    return {};
+}
+
+/** Ends the message loop when the program is told to stop. */
+class InterruptionWatch : private juce::Timer
+{
+public:
+    InterruptionWatch() { startTimer (interruptionCheckMs); }
+
+private:
+    void timerCallback() override
+    {
+        if (wasInterrupted())
+            juce::MessageManager::getInstance()->stopDispatchLoop();
+    }
+};
+
+juce::String windowTitle (const std::string& path, bool isRunning)
+{
+    if (path.empty())
+        return "WideLoom";
+
+    const auto name = juce::String::fromUTF8 (path.c_str()).fromLastOccurrenceOf ("/", false, false);
+    return "WideLoom: " + name + (isRunning ? "" : " (stopped)");
+}
+
+Problem openEditor (const OpenOptions& options)
+{
+    if (juce::Desktop::getInstance().isHeadless())
+        return "the editor needs a display to open on; 'wideloom picture' paints it without one";
+
+    WideLoomAudioProcessor processor;
+    Music music;
+
+    if (auto problem = applyEffectSetup (processor, options.setup))
+        return problem;
+
+    if (! options.path.empty())
+        if (auto problem = readMusic (options.path, music))
+            return problem;
+
+    LoopedProgram program (processor, std::move (music.samples), music.rate);
+    std::unique_ptr<EditorWindow> window;
+    window =
+        std::make_unique<EditorWindow> (processor,
+                                        windowTitle (options.path, true),
+                                        [&]
+                                        {
+                                            program.setRunning (! program.isRunning());
+                                            window->setName (windowTitle (options.path, program.isRunning()));
+                                        });
+
+    const RealTimeOutput output (program);
+
+    if (output.getDeviceName().isEmpty())
+        printNotice ("there is no audio device, so nothing will be heard");
+
+    const InterruptionWatch watch;
+    juce::MessageManager::getInstance()->runDispatchLoop();
+    return {};
+}
+} // namespace
+
+void addOpenCommand (CLI::App& program, ExitStatus& status)
+{
+    const auto options = std::make_shared<OpenOptions>();
+    auto* command = program.add_subcommand (
+        "open",
+        "Open the editor in a window, with a file playing through it in a loop; Space starts and stops");
+
+    command->add_option ("file", options->path, "WAV, AIFF or FLAC file to loop; silence without one")
+        ->type_name ("FILE");
+    addEffectSetupOptions (*command, options->setup);
+
+    command->callback (
+        [options, &status]
+        {
+            if (const auto problem = openEditor (*options))
+            {
+                printError (*problem);
+                status = ExitStatus::failure;
+            }
+        });
+}

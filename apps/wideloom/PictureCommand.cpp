@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "PictureCommand.h"
+
+#include "DescriptorOutputStream.h"
+#include "EditorPicture.h"
+#include "EffectSetup.h"
+#include "NumberText.h"
+#include "TargetFile.h"
+
+#include <engine/WideLoomAudioProcessor.h>
+
+#include <CLI/CLI.hpp>
+
+#include <cmath>
+#include <cstring>
+#include <map>
+#include <memory>
+
+namespace
+{
+constexpr double lowestMeterDb = -144.0;
+constexpr double highestMeterDb = 24.0;
+
+enum class Scheme
+{
+    dark,
+    bright
+};
+
+const std::map<std::string, Scheme> schemeNames { { "dark", Scheme::dark }, { "bright", Scheme::bright } };
+
+const std::map<std::string, EditorPanel> panelNames {
+    { "main", EditorPanel::main },         { "save", EditorPanel::save },       { "info", EditorPanel::info },
+    { "resizing", EditorPanel::resizing }, { "warning", EditorPanel::warning }, { "menu", EditorPanel::menu }
+};
+
+struct PictureOptions
+{
+    std::string path;
+    EditorPictureRequest request;
+    Scheme scheme = Scheme::bright;
+    std::string meters;
+    EffectSetup setup;
+};
+
+std::optional<float> readPeak (std::string_view text)
+{
+    const auto decibels = readNumber (trimmed (text));
+
+    if (! decibels.has_value() || *decibels < lowestMeterDb || *decibels > highestMeterDb)
+        return {};
+
+    return static_cast<float> (std::pow (10.0, *decibels / 20.0));
+}
+
+Problem readMeters (const std::string& text, std::optional<EditorPictureRequest::Peaks>& peaks)
+{
+    if (text.empty())
+        return {};
+
+    const std::string_view all (text);
+    const auto comma = all.find (',');
+    const auto left = readPeak (all.substr (0, comma));
+    const auto right = comma == std::string_view::npos ? std::nullopt : readPeak (all.substr (comma + 1));
+
+    if (! left.has_value() || ! right.has_value())
+        return "--meters takes two levels from -144 to 24 dB, such as -6,-9.5; '" + text + "' is not that";
+
+    peaks = EditorPictureRequest::Peaks { *left, *right };
+    return {};
+}
+
+/** A picture replaces an older picture, but never a file of another kind. */
+Problem checkName (const std::string& path)
+{
+    constexpr std::string_view ending = ".png";
+
+    if (path == "-"
+        || (path.size() > ending.size()
+            && path.compare (path.size() - ending.size(), ending.size(), ending) == 0))
+        return {};
+
+    return "the picture's name has to end in .png; '" + path + "' does not";
+}
+
+Problem writePng (const juce::Image& image, const std::string& path)
+{
+    Problem problem;
+    const auto target = TargetFile::create (path, true, problem);
+
+    if (target == nullptr)
+        return problem;
+
+    int failure = 0;
+    bool isWritten = false;
+
+    {
+        DescriptorOutputStream stream (target->getDescriptor(), failure);
+        isWritten = juce::PNGImageFormat().writeImageToStream (image, stream);
+        stream.flush();
+    }
+
+    if (failure != 0)
+        return target->getName() + " cannot be written: " + std::strerror (failure);
+
+    if (! isWritten)
+        return target->getName() + " cannot be written";
+
+    return target->commit();
+}
+
+Problem makePicture (PictureOptions& options)
+{
+    if (auto problem = checkName (options.path))
+        return problem;
+
+    if (auto problem = readMeters (options.meters, options.request.meters))
+        return problem;
+
+    WideLoomAudioProcessor processor;
+
+    if (auto problem = applyEffectSetup (processor, options.setup))
+        return problem;
+
+    options.request.isDark = options.scheme == Scheme::dark;
+    return writePng (paintEditorPicture (processor, options.request), options.path);
+}
+} // namespace
+
+void addPictureCommand (CLI::App& program, ExitStatus& status)
+{
+    const auto options = std::make_shared<PictureOptions>();
+    auto* command = program.add_subcommand ("picture", "Paint the editor into a PNG file; needs no display");
+
+    command->add_option ("output", options->path, "The PNG file, - for standard output")
+        ->type_name ("OUT.png")
+        ->required();
+    command->add_option ("--height", options->request.height, "Height of the editor in pixels")
+        ->type_name ("PIXELS")
+        ->check (CLI::Range (lowestPictureHeight, highestPictureHeight))
+        ->capture_default_str();
+    command->add_option ("--scheme", options->scheme, "Colour scheme: dark or bright")
+        ->type_name ("SCHEME")
+        ->transform (CLI::CheckedTransformer (schemeNames));
+    command->add_flag ("--expert", options->request.isExpert, "Show the expert options");
+    command
+        ->add_option (
+            "--panel", options->request.panel, "What to show: main, save, info, resizing, warning or menu")
+        ->type_name ("PANEL")
+        ->transform (CLI::CheckedTransformer (panelNames));
+    command->add_option ("--meters", options->meters, "Levels of left and right in dB, such as -6,-9.5")
+        ->type_name ("L,R");
+    addEffectSetupOptions (*command, options->setup);
+
+    command->callback (
+        [options, &status]
+        {
+            if (const auto problem = makePicture (*options))
+            {
+                printError (*problem);
+                status = ExitStatus::failure;
+            }
+        });
+}
