@@ -152,17 +152,10 @@ void chain (benchmark::State& state, const Settings& settings, float level)
     }
 }
 
-template <typename Function>
-void add (const std::string& name, Function function)
+/** @returns the names of the rows in their order */
+std::vector<std::string> addAll()
 {
-    auto* const row = benchmark::RegisterBenchmark (name.c_str(), function);
-
-    for (const int size : blockSizes)
-        row->Arg (size);
-}
-
-void addAll()
-{
+    std::vector<std::string> names;
     const Settings set { { stereoWidth, 0.7f }, { pan, 0.3f },        { panLaw, choice::second },
                          { inputGain, 0.6f },   { outputGain, 0.4f }, { panCurve, choice::first } };
     auto withSafeBass = set;
@@ -173,7 +166,15 @@ void addAll()
     auto bypassed = set;
     bypassed.emplace_back (bypass, 1.0f);
 
-    const auto addChain = [] (const std::string& name, const Settings& settings, float level)
+    const auto add = [&names] (const std::string& name, auto function)
+    {
+        names.push_back (name);
+        auto* const row = benchmark::RegisterBenchmark (name.c_str(), function);
+
+        for (const int size : blockSizes)
+            row->Arg (size);
+    };
+    const auto addChain = [&add] (const std::string& name, const Settings& settings, float level)
     { add (name, [settings, level] (benchmark::State& state) { chain (state, settings, level); }); };
 
     add (copyRow, copyBlock);
@@ -185,6 +186,7 @@ void addAll()
     addChain ("the same with sin/cos and dual pan", dualPan, noiseLevel);
     addChain ("bypassed", bypassed, noiseLevel);
     addChain ("digital silence", withSafeBass, 0.0f);
+    return names;
 }
 
 void printAims (const MarkdownReporter& reporter)
@@ -207,8 +209,8 @@ int main (int argc, char** argv)
     // Short and interleaved runs, so that what else the machine does hits all rows alike. What the command
     // line says comes later and wins.
     std::vector<std::string> texts { argv[0],
-                                     "--benchmark_repetitions=25",
-                                     "--benchmark_min_time=0.01",
+                                     "--benchmark_repetitions=100",
+                                     "--benchmark_min_time=0.001",
                                      "--benchmark_enable_random_interleaving=true" };
     texts.insert (texts.end(), argv + 1, argv + argc);
     std::vector<char*> arguments;
@@ -223,8 +225,7 @@ int main (int argc, char** argv)
         return 2;
 
     const juce::ScopedJuceInitialiser_GUI juce;
-    MarkdownReporter reporter (copyRow, highPassRow);
-    addAll();
+    MarkdownReporter reporter (addAll(), copyRow, highPassRow);
     benchmark::RunSpecifiedBenchmarks (&reporter);
     printAims (reporter);
     return 0;

@@ -8,8 +8,11 @@
 #include <limits>
 #include <utility>
 
-MarkdownReporter::MarkdownReporter (std::string floorRow, std::string filterRow)
-    : floorName (std::move (floorRow)),
+MarkdownReporter::MarkdownReporter (std::vector<std::string> rowOrder,
+                                    std::string floorRow,
+                                    std::string filterRow)
+    : rows (std::move (rowOrder)),
+      floorName (std::move (floorRow)),
       filterName (std::move (filterRow))
 {
 }
@@ -30,9 +33,6 @@ void MarkdownReporter::ReportRuns (const std::vector<Run>& runs)
         const int blockSize = std::stoi (run.run_name.args);
         const auto& name = run.run_name.function_name;
         const double nanoseconds = run.GetAdjustedRealTime() / blockSize;
-
-        if (std::find (rows.begin(), rows.end(), name) == rows.end())
-            rows.push_back (name);
 
         auto& fastestSoFar = nanosecondsPerFrame[blockSize].try_emplace (name, nanoseconds).first->second;
         fastestSoFar = std::min (fastestSoFar, nanoseconds);
@@ -58,7 +58,10 @@ void MarkdownReporter::Finalize()
 
         for (const auto& row : rows)
         {
-            const double nanoseconds = fastest (row, blockSize);
+            if (! table.contains (row))
+                continue;
+
+            const double nanoseconds = table.at (row);
             std::printf ("| %s | %.3f | %.2f | %.2f |\n",
                          row.c_str(),
                          nanoseconds,

@@ -17,8 +17,10 @@
 class MarkdownReporter : public benchmark::BenchmarkReporter
 {
 public:
-    /** Names of the two rows that the others are compared with. */
-    MarkdownReporter (std::string floorRow, std::string filterRow);
+    /** @param rowOrder    names of the benchmarks, as the tables list them
+        @param floorRow    one of them: the first row that the others are compared with
+        @param filterRow   the second */
+    MarkdownReporter (std::vector<std::string> rowOrder, std::string floorRow, std::string filterRow);
 
     bool ReportContext (const Context&) override;
     void ReportRuns (const std::vector<Run>& runs) override;
@@ -28,7 +30,7 @@ public:
     double fastest (const std::string& row, int blockSize) const;
 
 private:
+    std::vector<std::string> rows;
     std::string floorName, filterName;
-    std::vector<std::string> rows; ///< in the order of their first result
     std::map<int, std::map<std::string, double>> nanosecondsPerFrame;
 };

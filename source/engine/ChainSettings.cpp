@@ -32,7 +32,7 @@ ChainSettings readChainSettings (const CrzParameterManager& parameters,
                                  bool safeBassCoefficientsValid) noexcept
 {
     const auto valueOf = [&parameters] (ParameterId id)
-    { return parameters.getParameterValue (indexOf (id)); };
+    { return parameters.getParameter (indexOf (id))->getValue(); };
     const auto isOn = [&valueOf] (ParameterId id) { return valueOf (id) > 0.5f; };
 
     ChainSettings settings;

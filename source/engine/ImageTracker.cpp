@@ -1,36 +1,34 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Takes over new positions, and writes the factors of a run of samples in which something moves.
 
 #include "ImageTracker.h"
 
-ImageFactorLanes ImageTracker::follow (const std::array<float, lanes>& widths,
-                                       const std::array<float, lanes>& pans) noexcept
+#include <algorithm>
+
+void ImageTracker::setChoices (const ImageChoices& newChoices) noexcept
 {
-    std::array<float, lanes> mid, side, left, right;
+    if (newChoices == choices)
+        return;
 
-    for (std::size_t lane = 0; lane < lanes; ++lane)
-    {
-        if (! isCurrent (widths[lane], pans[lane]))
-        {
-            width = widths[lane];
-            pan = pans[lane];
-            workOutFactors();
-        }
-
-        mid[lane] = factors.mid;
-        side[lane] = factors.side;
-        left[lane] = factors.left;
-        right[lane] = factors.right;
-    }
-
-    return { _mm_loadu_ps (mid.data()),
-             _mm_loadu_ps (side.data()),
-             _mm_loadu_ps (left.data()),
-             _mm_loadu_ps (right.data()) };
+    choices = newChoices;
+    moveTo (width, pan);
+    fillFrom (0);
 }
 
-void ImageTracker::workOutFactors() noexcept
+void ImageTracker::moveTo (float newWidth, float newPan) noexcept
 {
+    width = newWidth;
+    pan = newPan;
     factors = imageFactorsFor (width, pan, choices);
-    current = ImageFactorLanes::allOf (factors);
+}
+
+void ImageTracker::fillFrom (int index) noexcept
+{
+    std::fill (run.mid.begin() + index, run.mid.end(), factors.mid);
+    std::fill (run.side.begin() + index, run.side.end(), factors.side);
+    std::fill (run.left.begin() + index, run.left.end(), factors.left);
+    std::fill (run.right.begin() + index, run.right.end(), factors.right);
+    isSteady = index == 0;
 }

@@ -8,9 +8,6 @@
 #include "ImageFactors.h"
 #include "RealTime.h"
 
-#include <emmintrin.h>
-
-#include <algorithm>
 #include <array>
 #include <bit>
 #include <concepts>
@@ -39,18 +36,13 @@ concept LiveControls = requires (const Type& controls, int sample)
     noexcept->std::same_as<float>;
 };
 
-/** ImageFactors for four samples. */
-struct ImageFactorLanes
+/** ImageFactors for a run of samples, as the chain multiplies with them. */
+struct ImageFactorRun
 {
-    __m128 mid, side, left, right;
+    static constexpr int maxSamples = 32;
+    using Factors = std::array<float, static_cast<std::size_t> (maxSamples)>;
 
-    static ImageFactorLanes allOf (const ImageFactors& factors) noexcept
-    {
-        return { _mm_set1_ps (factors.mid),
-                 _mm_set1_ps (factors.side),
-                 _mm_set1_ps (factors.left),
-                 _mm_set1_ps (factors.right) };
-    }
+    alignas (16) Factors mid, side, left, right;
 };
 
 /** Reads the two controls once for each sample, and works the factors out only when one of them has changed
@@ -58,57 +50,84 @@ struct ImageFactorLanes
 class ImageTracker
 {
 public:
-    static constexpr int lanes = 4;
+    ImageTracker() noexcept { fillFrom (0); }
 
     /** [audio] At the start of a block. */
-    void setChoices (const ImageChoices& newChoices) noexcept
+    void setChoices (const ImageChoices& newChoices) noexcept;
+
+    /** [audio] Makes latest() the factors for `numSamples` samples from `first` on, at most
+        ImageFactorRun::maxSamples. */
+    template <LiveControls Controls>
+    void read (const Controls& controls, int first, int numSamples) noexcept
     {
-        if (newChoices != choices)
+        const auto currentWidth = std::bit_cast<Bits> (width);
+        const auto currentPan = std::bit_cast<Bits> (pan);
+
+        // A branch for each value read is cheaper than gathering their differences: hardly one is ever taken.
+#pragma GCC unroll 8
+        for (int i = 0; i < numSamples; ++i)
         {
-            choices = newChoices;
-            workOutFactors();
+            if (std::bit_cast<Bits> (controls.stereoWidth (first + i)) != currentWidth) [[unlikely]]
+                return follow (controls, first, i, numSamples);
+
+            if (std::bit_cast<Bits> (controls.pan (first + i)) != currentPan) [[unlikely]]
+                return follow (controls, first, i, numSamples);
         }
+
+        if (! isSteady) [[unlikely]]
+            fillFrom (0);
     }
 
-    /** [audio] The factors for the four samples from `first` on. Lanes past `last`, the block's last sample,
-       take that sample's factors. */
-    template <LiveControls Controls>
-    ImageFactorLanes read (const Controls& controls, int first, int last) noexcept
+    /** [audio] What stands behind the samples read is some factors or other. */
+    const ImageFactorRun& latest() const noexcept
     {
-        std::array<float, lanes> widths, pans;
-        bool steady = true;
-
-        for (int lane = 0; lane < lanes; ++lane)
-        {
-            const auto i = static_cast<std::size_t> (lane);
-            const int sample = std::min (first + lane, last);
-            widths[i] = controls.stereoWidth (sample);
-            pans[i] = controls.pan (sample);
-            steady &= isCurrent (widths[i], pans[i]);
-        }
-
-        return steady ? current : follow (widths, pans);
+        return run;
     }
 
 private:
+    using Bits = std::uint32_t;
+
+    /** Reads on from the sample where something has moved, and that sample again: what a later look finds is
+        as good. */
+    template <LiveControls Controls>
+    [[gnu::noinline, gnu::cold]] void follow (const Controls& controls,
+                                              int first,
+                                              int moved,
+                                              int numSamples) noexcept
+    {
+        fillFrom (0);
+
+        for (int i = moved; i < numSamples; ++i)
+        {
+            const float newWidth = controls.stereoWidth (first + i);
+            const float newPan = controls.pan (first + i);
+
+            if (! isCurrent (newWidth, newPan))
+            {
+                moveTo (newWidth, newPan);
+                fillFrom (i);
+            }
+        }
+    }
+
     /** Whether these are the very bits that `factors` stand for: a zero's sign reaches the side signal. */
     bool isCurrent (float newWidth, float newPan) const noexcept
     {
-        using Bits = std::uint32_t;
-        return ((std::bit_cast<Bits> (newWidth) ^ std::bit_cast<Bits> (width))
-                | (std::bit_cast<Bits> (newPan) ^ std::bit_cast<Bits> (pan)))
-               == 0;
+        return std::bit_cast<Bits> (newWidth) == std::bit_cast<Bits> (width)
+               && std::bit_cast<Bits> (newPan) == std::bit_cast<Bits> (pan);
     }
 
-    void workOutFactors() noexcept;
+    void moveTo (float newWidth, float newPan) noexcept;
 
-    [[gnu::noinline]] ImageFactorLanes follow (const std::array<float, lanes>& widths,
-                                               const std::array<float, lanes>& pans) noexcept;
+    /** Gives the samples from `index` on the factors of the present position. */
+    void fillFrom (int index) noexcept;
 
     // Neutral, as the factors of a new ImageFactors are.
     ImageChoices choices;
     float width = 0.5f;
     float pan = 0.5f;
     ImageFactors factors;
-    ImageFactorLanes current = ImageFactorLanes::allOf (factors);
+
+    ImageFactorRun run;
+    bool isSteady = false; ///< all of the run has the factors of the present position
 };
