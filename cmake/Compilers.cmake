@@ -7,8 +7,9 @@
 # product and a sum are never fused, and no build may relax IEEE arithmetic.
 add_compile_options(-ffp-contract=off)
 
-# On in the dev preset. With more optimisation or instrumentation g++ 12 warns of copies inside std::string that never
-# happen (-Wrestrict, -Warray-bounds), so there they stay warnings.
+# On in the dev preset. With instrumentation g++ 12 warns of accesses inside std::string that never happen
+# (-Warray-bounds), so there they stay warnings. Its -Wrestrict sees overlapping copies in `"text" + string` as soon as
+# that is inlined, and is off.
 option(WIDELOOM_WARNINGS_AS_ERRORS "Treat warnings in our own code as errors" ON)
 option(WIDELOOM_BENCHMARKS "Build the benchmarks" OFF)
 option(WIDELOOM_FUZZERS "Build the fuzz targets; needs clang and libFuzzer" OFF)
@@ -27,4 +28,5 @@ target_compile_options(
               $<$<COMPILE_LANGUAGE:CXX>:-Woverloaded-virtual>
               -Wformat=2
               -Wimplicit-fallthrough
+              $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
               $<$<BOOL:${WIDELOOM_WARNINGS_AS_ERRORS}>:-Werror>)
