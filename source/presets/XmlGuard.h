@@ -28,6 +28,10 @@ inline constexpr int maxXmlDepth = 32;
  */
 inline constexpr std::size_t maxXmlNames = 4096;
 
+/** The most entity and character references that are read; for each, the reader goes through all of the value
+    that it has put together so far. */
+inline constexpr std::size_t maxXmlReferences = 8192;
+
 /** [any] Why `text`, UTF-8 that ends at its first 0 byte if it has one, must not reach the XML reader; empty
    if it may. JUCE's reader hangs, overflows the stack or reads past the end for some texts, so whatever this
    lets through is walked in step with it: a construct that it would take in another way is refused. */

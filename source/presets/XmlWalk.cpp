@@ -280,7 +280,7 @@ bool XmlWalk::walkReference()
         return refuse ("there is an unknown reference");
 
     position += 1 + end + 1;
-    return true;
+    return ++numReferences <= maxXmlReferences || refuse ("there are too many references");
 }
 
 void XmlWalk::refuseDeclarationsBehindTheRoot()

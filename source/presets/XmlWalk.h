@@ -54,5 +54,6 @@ private:
     std::size_t position = 0;
     std::unordered_set<std::string_view> names;      ///< of elements and attributes, all through the text
     std::unordered_set<std::string_view> namesInTag; ///< of the present tag's attributes
+    std::size_t numReferences = 0;
     juce::String danger;
 };

@@ -10,11 +10,11 @@
 
 namespace
 {
-std::string repeated (const std::string& text, int times)
+std::string repeated (const std::string& text, std::size_t times)
 {
     std::string result;
 
-    for (int i = 0; i < times; ++i)
+    for (std::size_t i = 0; i < times; ++i)
         result += text;
 
     return result;
@@ -63,6 +63,10 @@ std::vector<XmlCase> xmlCases()
         { "ForeignEncodingInTheHeader", "<?xml version='1.0' encoding='ISO-8859-1'?><a/>", true },
         { "Depth32", depth32, true },
         { "ExactlyAsLongAsAllowed", "<a b='" + filler + "'/>", true },
+        { "AsManyReferencesAsAllowed",
+          "<a b='" + repeated ("&lt;", maxXmlReferences / 2) + "'>"
+              + repeated ("&#65;", maxXmlReferences - maxXmlReferences / 2) + "</a>",
+          true },
         { "AnAttributeInEachOfTwoTags", "<a b='c'><d b='c'/></a>", true },
         { "WrongEndTag", "<a><b></a></b>", true },
         { "AfterTheFirstZero", std::string ("<a/>\0<!DOCTYPE", 14), true },
@@ -94,6 +98,10 @@ std::vector<XmlCase> xmlCases()
         { "NameStartsWithADigit", "<a 1b='c'/>", false },
         { "AnAttributeTwice", "<a b='c' d='e' b='f'/>", false },
         { "ManyNames", manyNames (20000), false },
+        { "ManyReferencesInAValue",
+          "<a b='" + repeated ("&lt;\xc3\xa9", maxXmlReferences + 1) + "'/>",
+          false },
+        { "ManyReferencesInText", "<a>" + repeated ("&#65;", maxXmlReferences + 1) + "</a>", false },
         { "Latin1", "<a b='\xe9'/>", false },
         { "Utf16", std::string ("\xff\xfe<\0a\0/\0>\0", 10), false },
     };
