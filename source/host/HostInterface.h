@@ -430,7 +430,7 @@ enum
     GROUP (6, GetProcessTypeIDs,                                                                                       \
            (int32_t typeIndex, uint32_t* manufacturer, uint32_t* product, uint32_t* type),                             \
            (typeIndex, manufacturer, product, type))                                                                   \
-    GROUP (7, SetSampleRate, (int32_t sampleRate), (sampleRate))                                                       \
+    GROUP (7, SetSampleRate, (int32_t hertz), (hertz))                                                                 \
     PROCESS (8, ActivateWindow, 0, (), ())                                                                             \
     PROCESS (9, DeactivateWindow, 0, (), ())                                                                           \
     PROCESS (10, GetNumAudioInputs, 0, (, int16_t* numInputs), (, numInputs))                                          \
