@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "DAERemoteObject.h"
+
+#include "HostGlobals.h"
+
+namespace
+{
+/** What the host's callback gave, and which callback it was. */
+struct KnownManager
+{
+    FicXCMDProc asked = nullptr;
+    const SFicRemoteObjectManager* manager = nullptr;
+};
+
+KnownManager known; // used on the host's main thread alone
+
+const SFicRemoteObjectManager* manager()
+{
+    if (gXCMDProcPtr != known.asked)
+    {
+        known = { gXCMDProcPtr, nullptr };
+        const SFicRemoteObjectManager* answer = nullptr;
+
+        if (known.asked != nullptr && known.asked (ficRemoteObjectManagerCode, &answer) == ficSuccess)
+            known.manager = answer;
+    }
+
+    return known.manager;
+}
+} // namespace
+
+void DAERemoteObjectRegister (void* object, FicRemoteObjectKind kind)
+{
+    if (const auto* const remote = manager(); remote != nullptr && remote->Register != nullptr)
+        remote->Register (object, kind);
+}
+
+void DAERemoteObjectCall (void* object, const CPlugInBuffer& message)
+{
+    if (const auto* const remote = manager(); remote != nullptr && remote->Call != nullptr)
+        remote->Call (object, message.GetWords(), message.GetNumWords());
+}
+
+void DAERemoteObjectForgetManager()
+{
+    known = {};
+}
