@@ -16,16 +16,15 @@
 class HostWindow
 {
 public:
-    /** Is told what becomes of the window. The calls come from JUCE's message loop, and each may destroy the
+    /** Is told what becomes of the window. The calls come from JUCE's message loop and may destroy the
         HostWindow. */
     class Watcher
     {
     public:
         virtual ~Watcher() = default;
 
-        virtual void hostWindowShown() = 0;
-        virtual void hostWindowHidden() = 0;
-        virtual void hostWindowWidthChanged() = 0;
+        /** It was shown, hidden, or got another width. */
+        virtual void hostWindowChanged() = 0;
 
         /** The host destroyed it, and with it what was inside. */
         virtual void hostWindowGone() = 0;

@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "JuceCustomUIView.h"
+
+#include "EditorCompWrapper.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace
+{
+constexpr int newSizeDelayMs = 50;
+
+/** The host's rectangles have 16 bits. */
+std::int16_t toRectCoordinate (int pixels)
+{
+    return static_cast<std::int16_t> (std::min<int> (pixels, std::numeric_limits<std::int16_t>::max()));
+}
+} // namespace
+
+SFicSDSToken newSizeToken (std::int32_t rootNameID) noexcept
+{
+    SFicSDSToken token {};
+    token.nameID = rootNameID;
+    token.tokenType = FIC_TOKEN_SET;
+    token.tokenSubType = FIC_TOKEN_NEW_SIZE;
+    token.manufacturer = FIC_TOKEN_MANUFACTURER;
+    token.protocol = FIC_PROTOCOL_PROCESS;
+    token.targetID = rootNameID;
+    token.tokenLength = ficTokenHeaderLength;
+    return token;
+}
+
+JuceCustomUIView::JuceCustomUIView (juce::AudioProcessor& filterToEdit, NewSizeSender& processToTell)
+    : filter (filterToEdit),
+      process (processToTell)
+{
+}
+
+JuceCustomUIView::~JuceCustomUIView()
+{
+    deleteEditorComp();
+}
+
+void JuceCustomUIView::DrawContents (Rect*) {}
+
+void JuceCustomUIView::DrawBackground (Rect*) {}
+
+void JuceCustomUIView::updateSize()
+{
+    if (editorComp == nullptr)
+        editorComp.reset (filter.createEditorIfNeeded());
+
+    if (editorComp == nullptr || editorComp->getWidth() == 0 || editorComp->getHeight() == 0)
+        return;
+
+    Rect oldArea {};
+    GetRect (&oldArea);
+
+    const Rect newArea {
+        0, 0, toRectCoordinate (editorComp->getHeight()), toRectCoordinate (editorComp->getWidth())
+    };
+    SetRect (&newArea);
+
+    if (oldArea.right != newArea.right || oldArea.bottom != newArea.bottom)
+        startTimer (newSizeDelayMs);
+}
+
+void JuceCustomUIView::attachToWindow (GrafPtr port)
+{
+    if (port == 0)
+    {
+        deleteEditorComp();
+        return;
+    }
+
+    updateSize();
+    wrapper.reset();
+
+    if (editorComp != nullptr)
+        wrapper = std::make_unique<EditorCompWrapper> (port, *editorComp, *this);
+}
+
+void JuceCustomUIView::deleteEditorComp()
+{
+    if (editorComp == nullptr && wrapper == nullptr)
+        return;
+
+    // A host that is asked to look at the size of a closed view would have the editor made again, for nobody.
+    stopTimer();
+
+    closeMenusAndModalComponent();
+
+    filter.editorBeingDeleted (editorComp.get());
+    editorComp.reset();
+    wrapper.reset();
+}
+
+void JuceCustomUIView::timerCallback()
+{
+    // A host that resized its window in the middle of a drag would pull the corner away from under the mouse.
+    if (juce::Component::isMouseButtonDownAnywhere())
+        return;
+
+    stopTimer();
+    process.dispatchNewSizeToken();
+}

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "X11Errors.h"
+
+// JUCE shows its connection only together with the headers of Xlib.
+#define JUCE_GUI_BASICS_INCLUDE_XHEADERS 1
+#include <juce_gui_basics/juce_gui_basics.h>
+
+namespace
+{
+_XDisplay* ownConnection = nullptr;
+XErrorHandler previousHandler = nullptr;
+
+_XDisplay* juceConnection()
+{
+    if (auto* windowSystem = juce::XWindowSystem::getInstanceWithoutCreating())
+        return windowSystem->getDisplay();
+
+    return nullptr;
+}
+
+int handleError (Display* connection, XErrorEvent* error)
+{
+    if (connection == ownConnection || connection == juceConnection())
+        return 0;
+
+    return previousHandler (connection, error);
+}
+} // namespace
+
+void X11Errors::ignoreErrorsOf (_XDisplay& connection)
+{
+    ownConnection = &connection;
+    previousHandler = XSetErrorHandler (handleError);
+}
+
+void X11Errors::stopIgnoring()
+{
+    completeJuceRequests();
+    XSync (ownConnection, False);
+
+    // Somebody may have put a handler on top meanwhile, which calls this one: it stays.
+    if (const auto current = XSetErrorHandler (previousHandler); current != handleError)
+        XSetErrorHandler (current);
+
+    ownConnection = nullptr;
+}
+
+void X11Errors::completeJuceRequests()
+{
+    if (auto* connection = juceConnection())
+        XSync (connection, False);
+}
