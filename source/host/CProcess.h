@@ -17,6 +17,7 @@
 #include <string>
 #include <vector>
 
+class CEffectProcessRTAS;
 class CProcess;
 class CProcessType;
 
@@ -146,6 +147,10 @@ public:
     bool TestAndClearMetersReady() noexcept override;
     /** [audio] A block has been rendered. */
     void SetMetersReady() noexcept { metersReady.store (true, std::memory_order_relaxed); }
+
+    /** [audio] This process as the one that renders, null if it does not. The worker only has a CProcess, and the
+        cast from there would cost it more than all the rest of its work. */
+    CEffectProcessRTAS* GetRenderTarget() const noexcept { return renderTarget; }
     std::int32_t GetClipState (unsigned char* hasClipped) override;
     std::int32_t ClearClipState() override;
     virtual void SetClipped (bool hasClipped);
@@ -182,6 +187,9 @@ protected:
         return controls.IsValidControlIndex (control);
     }
 
+    /** Called by the render target's own constructor. */
+    void SetRenderTarget (CEffectProcessRTAS* target) noexcept { renderTarget = target; }
+
     CPluginControlManager controls;
     std::int16_t numAudioInputs = 0, numAudioOutputs = 0;
     bool clipped = false;
@@ -200,6 +208,7 @@ private:
     void TakeValueFromHost (std::int32_t control, std::int32_t value);
 
     CProcessType* processType = nullptr;
+    CEffectProcessRTAS* renderTarget = nullptr;
     std::int16_t processTypeIndex = -1, processIndex = -1;
     std::int32_t driverRefNum = 0, hardwareRefNum = 0;
     std::unique_ptr<CPlugInView> view;
