@@ -73,3 +73,22 @@ std::int32_t CEffectMIDIWorld::GetInterfaceVersion()
 {
     return std::atomic_ref (interfaceVersion).load (std::memory_order_relaxed);
 }
+
+std::int32_t DirectMidi_RegisterClient (std::int32_t version,
+                                        CProcess& process,
+                                        void* client,
+                                        const SFicTransport** transport)
+{
+    SFicPlugInSpec spec {};
+
+    if (auto* const type = process.GetProcessType(); type != nullptr && gProcessGroup != nullptr)
+        gProcessGroup->GetProcessTypeIDs (
+            type->GetTypeIndex(), &spec.manufacturerID, &spec.productID, &spec.typeID);
+
+    return host::FicRegisterDirectMIDIClient (version, client, &spec, transport);
+}
+
+std::int32_t DirectMidi_FreeClient (const SFicTransport* transport)
+{
+    return host::FicUnRegisterDirectMIDIClient (transport);
+}
