@@ -130,18 +130,21 @@ void ChunkDataParser::append (std::string name, std::uint64_t value, std::int32_
     }
 }
 
-/** How many entries there should be; reading one that a list does not have throws. */
-std::size_t ChunkDataParser::longestList() const noexcept
+/** Throws std::out_of_range if the lists are not equally long. */
+std::size_t ChunkDataParser::numEntries() const
 {
-    return std::max ({ names.size(), values.size(), types.size() });
+    if (values.size() != names.size() || types.size() != names.size())
+        throw std::out_of_range ("the lists of a chunk have parted");
+
+    return names.size();
 }
 
 std::int32_t ChunkDataParser::GetChunkDataSize() const
 {
     std::int64_t total = ChunkFormat::markerBytes;
 
-    for (std::size_t i = 0; i < longestList(); ++i)
-        total += nameFieldBytes (names.at (i)) + ChunkFormat::kindOfType (types.at (i)).fieldBytes;
+    for (std::size_t i = 0, end = numEntries(); i < end; ++i)
+        total += nameFieldBytes (names[i]) + ChunkFormat::kindOfType (types[i]).fieldBytes;
 
     return total > maxBodyBytes ? 0 : static_cast<std::int32_t> (total);
 }
@@ -169,15 +172,15 @@ std::int32_t ChunkDataParser::GetChunkData (SFicPlugInChunk* chunk) const
         std::memcpy (position, &ChunkFormat::marker, sizeof (ChunkFormat::marker));
         position += ChunkFormat::markerBytes;
 
-        for (std::size_t i = 0; i < longestList(); ++i)
+        for (std::size_t i = 0; i < names.size(); ++i)
         {
-            const auto& name = names.at (i);
-            const auto& kind = ChunkFormat::kindOfType (types.at (i));
+            const auto& name = names[i];
+            const auto& kind = ChunkFormat::kindOfType (types[i]);
             position[0] = static_cast<std::uint8_t> (kind.letter);
             position[1] = static_cast<std::uint8_t> (ChunkFormat::separator);
             std::copy (name.begin(), name.end(), position + ChunkFormat::prefixBytes);
             position += nameFieldBytes (name);
-            ChunkFormat::writeValue (position, kind, values.at (i));
+            ChunkFormat::writeValue (position, kind, values[i]);
             position += kind.fieldBytes;
         }
 

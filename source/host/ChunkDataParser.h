@@ -69,6 +69,6 @@ protected:
 
 private:
     void append (std::string name, std::uint64_t value, std::int32_t type);
-    std::size_t longestList() const noexcept;
+    std::size_t numEntries() const;
     const std::uint64_t* find (const char* name, std::int32_t type);
 };
