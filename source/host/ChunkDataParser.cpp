@@ -3,6 +3,7 @@
 
 #include "ChunkDataParser.h"
 
+#include "ChunkEntryReader.h"
 #include "ChunkFormat.h"
 
 #include <algorithm>
@@ -16,8 +17,6 @@
 
 namespace
 {
-using ChunkDataParserDefs::ValueKind;
-
 constexpr std::int32_t notFound = -1;
 constexpr std::int64_t maxBodyBytes = std::numeric_limits<std::int32_t>::max() - ficChunkHeaderSize;
 
@@ -30,63 +29,6 @@ std::int64_t nameFieldBytes (std::string_view name) noexcept
 {
     return ChunkFormat::padded (ChunkFormat::prefixBytes + std::ssize (name) + 1);
 }
-
-/** Takes one entry after the other from the body of a chunk. */
-class EntryReader
-{
-public:
-    EntryReader (const std::uint8_t* bodyStart, std::int64_t bodyLength) noexcept
-        : body (bodyStart),
-          length (bodyLength)
-    {
-    }
-
-    const ValueKind* kind = nullptr;
-    std::string_view name;
-    std::uint64_t value = 0;
-
-    /** False at the end of the body, or of what is sound of it. */
-    bool next() noexcept
-    {
-        if (position >= length || ! seekTerminator())
-            return false;
-
-        const auto fieldLength = std::min (terminator - position, ChunkFormat::maxNameFieldLength);
-
-        if (fieldLength < ChunkFormat::prefixBytes)
-            return false;
-
-        const std::string_view field (reinterpret_cast<const char*> (body + position),
-                                      static_cast<std::size_t> (fieldLength));
-        kind = ChunkFormat::kindOfLetter (field.front());
-        position += ChunkFormat::padded (fieldLength + 1);
-
-        if (kind == nullptr || length - position < kind->fieldBytes)
-            return false;
-
-        name = field.substr (ChunkFormat::prefixBytes);
-        value = ChunkFormat::readValue (body + position, *kind);
-        position += kind->fieldBytes;
-        return true;
-    }
-
-private:
-    /** Finds the first terminator from `position` on. Goes over the body once, however the names overlap. */
-    bool seekTerminator() noexcept
-    {
-        terminator = std::max (terminator, position);
-
-        while (terminator < length && body[terminator] != 0)
-            ++terminator;
-
-        return terminator < length;
-    }
-
-    const std::uint8_t* body;
-    std::int64_t length;
-    std::int64_t position = ChunkFormat::markerBytes;
-    std::int64_t terminator = 0;
-};
 } // namespace
 
 void ChunkDataParser::Clear() noexcept
@@ -210,8 +152,8 @@ void ChunkDataParser::LoadChunk (const SFicPlugInChunk* chunk)
     if (std::memcmp (body, &ChunkFormat::marker, sizeof (ChunkFormat::marker)) != 0)
         return;
 
-    for (EntryReader entry (body, length); entry.next();)
-        append (std::string (entry.name), entry.value, entry.kind->type);
+    for (ChunkEntryReader entry (body, length); entry.next();)
+        append (std::string (entry.name()), entry.value(), entry.type());
 }
 
 std::int32_t ChunkDataParser::FindName (const std::string& name)
