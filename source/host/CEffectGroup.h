@@ -5,7 +5,7 @@
 
 #pragma once
 
-#include <host/CProcessGroup.h>
+#include "CProcessGroup.h"
 
 #include <cstdint>
 #include <set>

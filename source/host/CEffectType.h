@@ -5,7 +5,7 @@
 
 #pragma once
 
-#include <host/CProcessType.h>
+#include "CProcessType.h"
 
 #include <cstdint>
 #include <set>

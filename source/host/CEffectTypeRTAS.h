@@ -5,7 +5,7 @@
 
 #pragma once
 
-#include <host/CEffectType.h>
+#include "CEffectType.h"
 
 #include <cstdint>
 

@@ -6,7 +6,7 @@
 
 #pragma once
 
-#include <host/CProcessGroupInterface.h>
+#include "CProcessGroupInterface.h"
 
 #include <cstdint>
 #include <memory>
@@ -88,7 +88,7 @@ public:
     /** Undoes one UseResourceFile(), and makes `file` current. */
     static void RestoreResourceFile (std::int16_t file);
 
-    /** 0 if the section was entered, or if there is none; then LeaveCriticalSection() follows. */
+    /** 0 if the section was entered; only then LeaveCriticalSection() follows. */
     std::int32_t EnterCriticalSection();
     std::int32_t LeaveCriticalSection();
     /** 1 if the section was entered, else 0. */
@@ -104,7 +104,8 @@ private:
     void SortProcessTypeObjects();
     void InitProcessTypeObjects();
     void InitializeCriticalSection();
-    void CloseResourcesOfInstances();
+    void CloseWithoutInstances();
+    void ReleaseHostObjects();
 
     std::int32_t InstantiateOfType (std::uint32_t type, std::int32_t* process);
     std::int32_t FreeOfType (std::uint32_t type, std::int32_t process);

@@ -3,7 +3,7 @@
 //
 // Everything that a host can ask of a plug-in, and the answers where nobody knows better.
 
-#include <host/CProcessGroupInterface.h>
+#include "CProcessGroupInterface.h"
 
 namespace
 {

@@ -5,7 +5,7 @@
 
 #pragma once
 
-#include <host/RoutineRows.h>
+#include "RoutineRows.h"
 
 #include <cstdint>
 

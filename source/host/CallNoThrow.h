@@ -5,8 +5,8 @@
 
 #pragma once
 
-#include <host/CDAEError.h>
-#include <host/HostInterface.h>
+#include "CDAEError.h"
+#include "HostInterface.h"
 
 #include <cstdint>
 #include <new>

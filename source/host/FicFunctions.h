@@ -6,7 +6,7 @@
 
 #pragma once
 
-#include <host/UDigiLibAccess.h>
+#include "UDigiLibAccess.h"
 
 #include <type_traits>
 

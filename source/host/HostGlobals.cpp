@@ -3,7 +3,7 @@
 //
 // The globals of one loaded bundle.
 
-#include <host/HostGlobals.h>
+#include "HostGlobals.h"
 
 CProcessGroup* gProcessGroup = nullptr;
 FicObject gOurFicServer = nullptr;

@@ -3,9 +3,9 @@
 //
 // Texts for the host with a length byte in front.
 
-#include <host/PascalText.h>
+#include "PascalText.h"
 
-#include <host/GetStringOfLength.h>
+#include "GetStringOfLength.h"
 
 #include <algorithm>
 #include <array>

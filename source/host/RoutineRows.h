@@ -6,7 +6,7 @@
 
 #pragma once
 
-#include <host/HostInterface.h>
+#include "HostInterface.h"
 
 #include <cstdint>
 #include <type_traits>

@@ -3,10 +3,10 @@
 //
 // The host's stem formats and how many channels each one means.
 
-#include <host/StemFormats.h>
+#include "StemFormats.h"
 
-#include <host/CDAEError.h>
-#include <host/HostInterface.h>
+#include "CDAEError.h"
+#include "HostInterface.h"
 
 #include <array>
 

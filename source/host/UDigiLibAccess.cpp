@@ -3,7 +3,7 @@
 //
 // Finds the functions of the host's framework, which are not linked, by their names.
 
-#include <host/UDigiLibAccess.h>
+#include "UDigiLibAccess.h"
 
 #include <array>
 

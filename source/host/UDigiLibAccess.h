@@ -5,8 +5,8 @@
 
 #pragma once
 
-#include <host/HostInterface.h>
-#include <host/platform/HostLibrary.h>
+#include "HostInterface.h"
+#include "platform/HostLibrary.h"
 
 #include <cstdint>
 

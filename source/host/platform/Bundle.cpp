@@ -3,9 +3,9 @@
 //
 // The host's count of who uses the bundle that the plug-in was loaded from.
 
-#include <host/platform/Bundle.h>
+#include "Bundle.h"
 
-#include <host/platform/HostLibrary.h>
+#include "HostLibrary.h"
 
 namespace platform
 {

@@ -5,7 +5,7 @@
 
 #pragma once
 
-#include <host/HostInterface.h>
+#include "../HostInterface.h"
 
 namespace platform
 {

@@ -3,7 +3,7 @@
 //
 // Looks up what the running program, the host, exports.
 
-#include <host/platform/HostLibrary.h>
+#include "HostLibrary.h"
 
 #include <dlfcn.h>
 

@@ -5,7 +5,7 @@
 // since the editor carries its own pictures and fonts; what counts is that every file that was opened is
 // closed again.
 
-#include <host/platform/ResourceFiles.h>
+#include "ResourceFiles.h"
 
 #include <algorithm>
 #include <limits>

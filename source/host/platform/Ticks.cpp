@@ -3,7 +3,7 @@
 //
 // The host's clock, in sixtieths of a second.
 
-#include <host/platform/Ticks.h>
+#include "Ticks.h"
 
 #include <chrono>
 
