@@ -12,6 +12,7 @@
 #include "HostTokens.h"
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -148,8 +149,8 @@ public:
     /** [audio] A block has been rendered. */
     void SetMetersReady() noexcept { metersReady.store (true, std::memory_order_relaxed); }
 
-    /** [audio] This process as the one that renders, null if it does not. The worker only has a CProcess, and the
-        cast from there would cost it more than all the rest of its work. */
+    /** [audio] This process as the one that renders, null if it does not. The worker only has a CProcess, and
+       the cast from there would cost it more than all the rest of its work. */
     CEffectProcessRTAS* GetRenderTarget() const noexcept { return renderTarget; }
     std::int32_t GetClipState (unsigned char* hasClipped) override;
     std::int32_t ClearClipState() override;
@@ -160,9 +161,9 @@ public:
     virtual std::int32_t SetRootName (std::int32_t parentID);
     virtual std::int32_t RegisterControls();
     virtual std::int32_t RegisterListeners();
-    virtual void UnRegisterRoot();
-    virtual void UnRegisterControls();
-    virtual void UnRegisterListeners();
+    virtual void UnRegisterRoot() noexcept;
+    virtual void UnRegisterControls() noexcept;
+    virtual void UnRegisterListeners() noexcept;
     std::int32_t GetProcessNameID (std::int32_t* nameID) override;
     std::int32_t GetControlNameID (std::int32_t control, std::int32_t* nameID) override;
     /** The first part of the instance's name; `name` holds 256 bytes. */
@@ -190,6 +191,9 @@ protected:
     /** Called by the render target's own constructor. */
     void SetRenderTarget (CEffectProcessRTAS* target) noexcept { renderTarget = target; }
 
+    /** A value as the control shows it, in at most `length` and 255 bytes. */
+    std::string ValueText (std::int32_t control, std::int32_t value, std::int32_t length) const;
+
     CPluginControlManager controls;
     std::int16_t numAudioInputs = 0, numAudioOutputs = 0;
     bool clipped = false;
@@ -201,8 +205,10 @@ private:
     void InitializeView();
     void InitializeTokens();
     void FreeTokens() noexcept;
+    static ListenerContext FindContext (std::uintptr_t taskValue) noexcept;
+    static bool HandleNextToken();
     bool HasTokens() const noexcept;
-    std::string ValueText (std::int32_t control, std::int32_t value, std::int32_t length) const;
+    static std::size_t toEntry (std::int32_t control) noexcept { return static_cast<std::size_t> (control); }
     std::int32_t RelativeValue (std::int32_t control, std::int32_t delta);
     void HandleAnyToken (std::int32_t control, const SFicSDSToken& token);
     void TakeValueFromHost (std::int32_t control, std::int32_t value);
@@ -232,5 +238,6 @@ private:
     std::vector<std::int32_t> touchCounts;
     std::vector<ListenerContext> listenerContexts;
 
-    bool isTakingValueFromHost = false;
+    // The control whose value came with a token, while it is being set; 0 for none.
+    std::int32_t controlSetByHost = 0;
 };
