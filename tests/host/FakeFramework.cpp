@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// A host's framework for tests of groups and routines: counts what is asked of it and fails where it is told
+// to.
+
+#include "host/FakeFramework.h"
+
+#include "host/UDigiLibAccess.h"
+#include "host/platform/HostLibrary.h"
+
+#include <array>
+#include <string_view>
+
+namespace
+{
+FakeFramework* framework = nullptr;
+
+constexpr std::int32_t answerOfNamedFunction = 17;
+
+std::int32_t getFrameworkVersion()
+{
+    return answerOfNamedFunction;
+}
+
+const SFicServices* getServices()
+{
+    return framework->hasServices ? &framework->services : nullptr;
+}
+
+std::int32_t gestalt (std::uint32_t, std::int32_t* answer)
+{
+    *answer = framework->gestaltAnswer;
+    return framework->gestaltResult;
+}
+
+unsigned char isAlive()
+{
+    return framework->isAlive;
+}
+
+FicObject newServer()
+{
+    return framework->makesServer ? framework->newObject() : nullptr;
+}
+
+FicObject createCriticalSection()
+{
+    return framework->makesCriticalSection ? framework->newObject() : nullptr;
+}
+
+std::int32_t enterCriticalSection (FicObject)
+{
+    ++framework->criticalSectionDepth;
+    ++framework->numTimesEntered;
+    return ficSuccess;
+}
+
+std::int32_t leaveCriticalSection (FicObject)
+{
+    --framework->criticalSectionDepth;
+    return ficSuccess;
+}
+
+unsigned char eventAvail (EventRecord**)
+{
+    framework->depthsAtEvents.push_back (framework->criticalSectionDepth);
+    return 0;
+}
+
+std::int32_t retainBundle (CFBundleRef)
+{
+    ++framework->bundleCount;
+    return ficSuccess;
+}
+
+std::int32_t releaseBundle (CFBundleRef)
+{
+    --framework->bundleCount;
+    return ficSuccess;
+}
+
+std::int32_t initFic()
+{
+    ++framework->numInitFicCalls;
+    return framework->initFicResult;
+}
+
+FicObject newStandardObject (std::int32_t kind, const SFicListener*)
+{
+    return kind == ficTokenTaskObject && framework->makesTokenTask ? framework->newObject() : nullptr;
+}
+
+void releaseObject (FicObject)
+{
+    --framework->numObjects;
+}
+
+std::int32_t releaseName (std::int32_t)
+{
+    return ficSuccess;
+}
+
+unsigned char tryToEnter (FicObject)
+{
+    framework->criticalSectionDepth += framework->lettingIn;
+    return framework->lettingIn;
+}
+
+struct FunctionRow
+{
+    std::string_view name;
+    platform::HostFunction function;
+};
+
+template <typename Proc>
+FunctionRow row (std::string_view name, Proc function)
+{
+    return { name, reinterpret_cast<platform::HostFunction> (function) };
+}
+
+platform::HostFunction lookUp (const char* name)
+{
+    static const auto rows = std::to_array<FunctionRow> ({
+        row<FicGetFrameworkVersionProc> ("FicGetFrameworkVersion", getFrameworkVersion),
+        row<FicGetServicesProc> ("FicGetServices", getServices),
+        row<FicGestaltProc> ("FicGestalt", gestalt),
+        row<FicIsAliveProc> ("FicIsAlive", isAlive),
+        row<FicNewServerProc> ("FicNewServer", newServer),
+        row<FicCreateCriticalSectionProc> ("FicCreateCriticalSection", createCriticalSection),
+        row<FicEnterCriticalSectionProc> ("FicEnterCriticalSection", enterCriticalSection),
+        row<FicLeaveCriticalSectionProc> ("FicLeaveCriticalSection", leaveCriticalSection),
+        row<FicEventAvailProc> ("FicEventAvail", eventAvail),
+        row<FicRetainBundleProc> ("FicRetainBundle", retainBundle),
+        row<FicReleaseBundleProc> ("FicReleaseBundle", releaseBundle),
+    });
+
+    if (framework->isThere && framework->missingFunction != name)
+        for (const auto& each : rows)
+            if (each.name == name)
+                return each.function;
+
+    return nullptr;
+}
+} // namespace
+
+FakeFramework::FakeFramework()
+    : services { 1, initFic, newStandardObject, releaseObject, releaseName, tryToEnter }
+{
+    framework = this;
+    platform::setHostLookup (lookUp);
+}
+
+FakeFramework::~FakeFramework()
+{
+    UDigiLibAccess::Terminate();
+    platform::setHostLookup (nullptr);
+    framework = nullptr;
+}
+
+FicObject FakeFramework::newObject()
+{
+    ++numObjects;
+    return reinterpret_cast<FicObject> (this);
+}

@@ -1,0 +1,494 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The numbered routines: which there are, where they lead, and that nothing but a result comes out of them.
+
+#include "host/CDAEError.h"
+#include "host/CProcessGroup.h"
+#include "host/FakeFramework.h"
+#include "host/HostGlobals.h"
+#include "host/Routines.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <functional>
+#include <limits>
+#include <new>
+#include <set>
+#include <stdexcept>
+
+namespace
+{
+template <typename Case>
+std::string caseName (const testing::TestParamInfo<Case>& testInfo)
+{
+    return testInfo.param.name;
+}
+
+using Words = std::vector<std::uintptr_t>;
+
+constexpr std::int32_t groupResult = -4711;
+constexpr std::uint8_t untouched = 0xa5;
+constexpr std::size_t bytesPerArgument = 256;
+constexpr std::size_t mostArguments = 8;
+
+template <typename Argument>
+std::uintptr_t asWord (Argument argument)
+{
+    if constexpr (std::is_pointer_v<Argument>)
+        return reinterpret_cast<std::uintptr_t> (argument);
+    else
+        return static_cast<std::uintptr_t> (argument);
+}
+
+/** Notes each operation that a routine reaches, with its arguments. */
+class RecordingGroup : public CProcessGroup
+{
+public:
+#define GROUP_OPERATION(selector, Name, parameters, names)                                                   \
+    std::int32_t Name parameters override                                                                    \
+    {                                                                                                        \
+        return record<selector> names;                                                                       \
+    }
+#define TYPE_OPERATION(selector, Name, parameters, names)                                                    \
+    std::int32_t Name (std::uint32_t type FIC_BARE parameters) override                                      \
+    {                                                                                                        \
+        return record<selector> (type FIC_BARE names);                                                       \
+    }
+#define PROCESS_OPERATION(selector, Name, answer, parameters, names)                                         \
+    std::int32_t Name (std::uint32_t type, std::int32_t process FIC_BARE parameters) override                \
+    {                                                                                                        \
+        return record<selector> (type, process FIC_BARE names);                                              \
+    }
+#define FIXED_OPERATION(selector, Name, parameters, names)                                                   \
+    PROCESS_OPERATION (selector, Name, 0, parameters, names)
+
+    FIC_ROUTINES (GROUP_OPERATION, TYPE_OPERATION, PROCESS_OPERATION, FIXED_OPERATION)
+
+#undef GROUP_OPERATION
+#undef TYPE_OPERATION
+#undef PROCESS_OPERATION
+#undef FIXED_OPERATION
+
+    std::vector<std::int32_t> selectors;
+    Words words;
+    std::function<void()> beforeResult;
+
+private:
+    template <std::int32_t selector, typename... Arguments>
+    std::int32_t record (Arguments... arguments)
+    {
+        selectors.push_back (selector);
+        words = { asWord (arguments)... };
+
+        if (beforeResult)
+            beforeResult();
+
+        return groupResult;
+    }
+};
+
+/** Arguments that can be told apart; those that are pointers point to memory of their own. */
+class ArgumentMaker
+{
+public:
+    ArgumentMaker()
+    {
+        for (auto& each : memory)
+            each.fill (untouched);
+    }
+
+    template <typename Argument>
+    Argument next()
+    {
+        const auto index = words.size();
+
+        if constexpr (std::is_pointer_v<Argument>)
+        {
+            words.push_back (asWord (memory[index].data()));
+            return reinterpret_cast<Argument> (words.back());
+        }
+        else
+        {
+            words.push_back (index + 1);
+            return static_cast<Argument> (words.back());
+        }
+    }
+
+    std::size_t numTouchedBytes() const
+    {
+        std::size_t number = 0;
+
+        for (const auto& each : memory)
+            number +=
+                each.size() - static_cast<std::size_t> (std::count (each.begin(), each.end(), untouched));
+
+        return number;
+    }
+
+    bool touchedBytesAreZero() const
+    {
+        return std::all_of (memory.begin(),
+                            memory.end(),
+                            [] (const auto& each)
+                            {
+                                return std::all_of (each.begin(),
+                                                    each.end(),
+                                                    [] (auto byte)
+                                                    { return byte == untouched || byte == 0; });
+                            });
+    }
+
+    Words words;
+
+private:
+    alignas (std::max_align_t) std::array<std::array<std::uint8_t, bytesPerArgument>, mostArguments> memory;
+};
+
+template <typename... Arguments>
+std::int32_t callWith (std::int32_t (*routine) (Arguments...), ArgumentMaker& maker)
+{
+    // Braces, so that the arguments are made in order.
+    const std::tuple<Arguments...> arguments { maker.next<Arguments>()... };
+    return std::apply (routine, arguments);
+}
+
+template <typename Proc>
+std::int32_t callRoutine (std::int32_t selector, ArgumentMaker& maker)
+{
+    FicRoutine routine = nullptr;
+    EXPECT_EQ (PI_GetRoutineDescriptor (selector, &routine), ficSuccess);
+    return callWith (reinterpret_cast<Proc> (reinterpret_cast<void (*)()> (routine)), maker);
+}
+
+enum class Concerns
+{
+    group,
+    type,
+    process,
+    nobody
+};
+
+struct RoutineRow
+{
+    std::int32_t selector;
+    const char* name;
+    Concerns concerns;
+    std::int32_t neutralAnswer;
+    std::int32_t (*routine) (std::int32_t selector, ArgumentMaker& maker);
+
+    bool isFixed() const { return concerns == Concerns::nobody; }
+    std::int32_t call (ArgumentMaker& maker) const { return routine (selector, maker); }
+};
+
+#define ROW(selector, Name, concerns, answer)                                                                \
+    RoutineRow { selector, #Name, Concerns::concerns, answer, callRoutine<PI_##Name##Proc> },
+#define GROUP_ROW(selector, Name, ...)           ROW (selector, Name, group, 0)
+#define TYPE_ROW(selector, Name, ...)            ROW (selector, Name, type, 0)
+#define PROCESS_ROW(selector, Name, answer, ...) ROW (selector, Name, process, answer)
+#define FIXED_ROW(selector, Name, ...)           ROW (selector, Name, nobody, 0)
+
+const RoutineRow routineRows[] = { FIC_ROUTINES (GROUP_ROW, TYPE_ROW, PROCESS_ROW, FIXED_ROW) };
+
+#undef ROW
+#undef GROUP_ROW
+#undef TYPE_ROW
+#undef PROCESS_ROW
+#undef FIXED_ROW
+
+class GroupInUse
+{
+public:
+    explicit GroupInUse (CProcessGroup* group) { gProcessGroup = group; }
+    ~GroupInUse() { gProcessGroup = nullptr; }
+};
+
+class ScopeInUse
+{
+public:
+    explicit ScopeInUse (std::int32_t scope) { CProcessGroupInterface::sCriticalSectionScope = scope; }
+    ~ScopeInUse() { CProcessGroupInterface::sCriticalSectionScope = before; }
+
+private:
+    const std::int32_t before = CProcessGroupInterface::sCriticalSectionScope;
+};
+
+TEST (Routines, LeadToTheOperationOfTheirRowOrHaveAFixedAnswer)
+{
+    for (const auto& row : routineRows)
+    {
+        SCOPED_TRACE (row.name);
+        RecordingGroup group;
+        const GroupInUse inUse (&group);
+        ArgumentMaker maker;
+
+        const auto result = row.call (maker);
+
+        if (row.isFixed())
+        {
+            EXPECT_EQ (result, ficSuccess);
+            EXPECT_TRUE (group.selectors.empty());
+            EXPECT_EQ (maker.numTouchedBytes(), row.selector == ficSelectorGetControlUnitsString ? 1u : 0u);
+        }
+        else
+        {
+            EXPECT_EQ (result, groupResult);
+            EXPECT_EQ (group.selectors, std::vector<std::int32_t> { row.selector });
+            EXPECT_EQ (group.words, maker.words);
+            EXPECT_EQ (maker.numTouchedBytes(), 0u);
+        }
+    }
+}
+
+TEST (Routines, NeedAGroupUnlessTheirAnswerIsFixed)
+{
+    for (const auto& row : routineRows)
+    {
+        SCOPED_TRACE (row.name);
+        ArgumentMaker maker;
+        EXPECT_EQ (row.call (maker), row.isFixed() ? ficSuccess : ficNoGroup);
+    }
+}
+
+TEST (Routines, OfAnUnknownTypeTouchNothing)
+{
+    for (const auto& row : routineRows)
+    {
+        SCOPED_TRACE (row.name);
+        FakeFramework framework;
+        CProcessGroup group;
+        const GroupInUse inUse (&group);
+        group.Initialize();
+        ArgumentMaker maker;
+        const auto result = row.call (maker);
+        gXCMDProcPtr = nullptr;
+
+        if (row.concerns == Concerns::type || row.concerns == Concerns::process)
+        {
+            EXPECT_EQ (result, ficUnknownType);
+            EXPECT_EQ (maker.numTouchedBytes(), 0u);
+        }
+    }
+}
+
+/** Answers as the interface does. */
+class NeutralGroup : public CProcessGroup
+{
+public:
+#define GROUP_OPERATION(selector, Name, parameters, names)                                                   \
+    std::int32_t Name parameters override                                                                    \
+    {                                                                                                        \
+        return CProcessGroupInterface::Name names;                                                           \
+    }
+#define TYPE_OPERATION(selector, Name, parameters, names)                                                    \
+    std::int32_t Name (std::uint32_t type FIC_BARE parameters) override                                      \
+    {                                                                                                        \
+        return CProcessGroupInterface::Name (type FIC_BARE names);                                           \
+    }
+#define PROCESS_OPERATION(selector, Name, answer, parameters, names)                                         \
+    std::int32_t Name (std::uint32_t type, std::int32_t process FIC_BARE parameters) override                \
+    {                                                                                                        \
+        return CProcessGroupInterface::Name (type, process FIC_BARE names);                                  \
+    }
+
+    FIC_ROUTINES (GROUP_OPERATION, TYPE_OPERATION, PROCESS_OPERATION, FIC_SKIP)
+
+#undef GROUP_OPERATION
+#undef TYPE_OPERATION
+#undef PROCESS_OPERATION
+};
+
+TEST (Routines, AnswerNeutrallyWhereNobodyKnowsBetter)
+{
+    for (const auto& row : routineRows)
+    {
+        SCOPED_TRACE (row.name);
+        NeutralGroup group;
+        const GroupInUse inUse (&group);
+        ArgumentMaker maker;
+
+        EXPECT_EQ (row.call (maker), row.neutralAnswer);
+        EXPECT_TRUE (maker.touchedBytesAreZero());
+
+        // What only a process fills, and only as far as it had said before, stays as it was.
+        switch (row.selector)
+        {
+            case ficSelectorGetChunk:
+            case ficSelectorSetChunk:
+            case ficSelectorDoMouseCommand:
+                EXPECT_EQ (maker.numTouchedBytes(), 0u);
+                break;
+            case ficSelectorGetViewRect:
+                EXPECT_EQ (maker.numTouchedBytes(), sizeof (Rect));
+                break;
+            case ficSelectorGetControlHighliteInfo:
+                EXPECT_EQ (maker.numTouchedBytes(), 2 * sizeof (std::int16_t));
+                break;
+            case ficSelectorGetStemFormats:
+                EXPECT_EQ (maker.numTouchedBytes(), sizeof (SFicPlugInStemFormats));
+                break;
+            default:
+                break;
+        }
+    }
+}
+
+std::int32_t someRoutine()
+{
+    return groupResult;
+}
+
+TEST (RoutineTable, HasTheRoutinesOfTheTableAndItsGaps)
+{
+    const std::set<std::int32_t> gaps { 11, 13, 21, 26, 34, 60, 61, 106, 107 };
+    constexpr auto lowest = std::numeric_limits<std::int32_t>::min();
+    std::set<FicRoutine> routines;
+
+    for (const auto selector : { lowest, -6, -1, 174, std::numeric_limits<std::int32_t>::max() })
+    {
+        FicRoutine routine = someRoutine;
+        EXPECT_EQ (PI_GetRoutineDescriptor (selector, &routine), ficNoSuchRoutine) << selector;
+        EXPECT_EQ (routine, nullptr) << selector;
+    }
+
+    for (std::int32_t selector = 0; selector < ficNumSelectors; ++selector)
+    {
+        FicRoutine routine = nullptr;
+        const auto isGap = gaps.contains (selector);
+        EXPECT_EQ (PI_GetRoutineDescriptor (selector, &routine), isGap ? ficNoSuchRoutine : ficSuccess)
+            << selector;
+        EXPECT_EQ (routine == nullptr, isGap) << selector;
+
+        if (routine != nullptr)
+            routines.insert (routine);
+    }
+
+    EXPECT_EQ (std::size (routineRows), 165u);
+    EXPECT_EQ (PI_GetRoutineDescriptor (ficSelectorDraw, nullptr), ficSuccess);
+}
+
+TEST (RoutineTable, SaysWhichSelectorsAHostMaySend)
+{
+    for (const auto selector : { -6, -1, 0, 11, 107, 173 })
+        EXPECT_TRUE (CProcessGroupInterface::CanDoSelector (static_cast<std::int16_t> (selector)))
+            << selector;
+
+    for (const auto selector : { -32768, -7, 174, 32767 })
+        EXPECT_FALSE (CProcessGroupInterface::CanDoSelector (static_cast<std::int16_t> (selector)))
+            << selector;
+}
+
+struct ExceptionCase
+{
+    const char* name;
+    std::function<void()> thrower;
+    std::int32_t result;
+};
+
+void PrintTo (const ExceptionCase& each, std::ostream* out)
+{
+    *out << each.name;
+}
+
+const ExceptionCase exceptionCases[] = {
+    { "HostError", [] { throw CDAEError (ficUnknownProcess); }, ficUnknownProcess },
+    { "NoMemory", [] { throw std::bad_alloc(); }, ficOutOfMemory },
+    { "NoArray", [] { throw std::bad_array_new_length(); }, ficOutOfMemory },
+    { "StandardException", [] { throw std::runtime_error ("lost"); }, ficUnknownException },
+    { "Number", [] { throw 1; }, ficUnknownException },
+};
+
+class RoutineExceptions : public testing::TestWithParam<ExceptionCase>
+{
+};
+
+INSTANTIATE_TEST_SUITE_P (Kinds,
+                          RoutineExceptions,
+                          testing::ValuesIn (exceptionCases),
+                          caseName<ExceptionCase>);
+
+TEST_P (RoutineExceptions, BecomeResultsAndLeaveTheCriticalSection)
+{
+    FakeFramework framework;
+    RecordingGroup group;
+    const GroupInUse inUse (&group);
+    const ScopeInUse scope (99);
+    group.CProcessGroup::Initialize();
+    group.beforeResult = [&]
+    {
+        EXPECT_EQ (framework.criticalSectionDepth, 1);
+        GetParam().thrower();
+    };
+
+    for (const auto& row : routineRows)
+    {
+        if (row.isFixed() || row.selector == ficSelectorGetAutoType)
+            continue;
+
+        ArgumentMaker maker;
+        EXPECT_EQ (row.call (maker), GetParam().result) << row.name;
+        EXPECT_EQ (framework.criticalSectionDepth, 0) << row.name;
+    }
+}
+
+struct ScopeCase
+{
+    const char* name;
+    std::int32_t scope;
+    bool usual, late, latest;
+};
+
+void PrintTo (const ScopeCase& each, std::ostream* out)
+{
+    *out << each.name;
+}
+
+const ScopeCase scopeCases[] = {
+    { "None", 0, false, false, false },      { "Least", 1, true, false, false },
+    { "BelowFull", 98, true, false, false }, { "Full", 99, true, true, false },
+    { "AboveFull", 100, true, true, true },
+};
+
+class CriticalSectionScope : public testing::TestWithParam<ScopeCase>
+{
+};
+
+INSTANTIATE_TEST_SUITE_P (Scopes, CriticalSectionScope, testing::ValuesIn (scopeCases), caseName<ScopeCase>);
+
+TEST_P (CriticalSectionScope, DecidesWhichRoutinesRunInside)
+{
+    const std::set<std::int32_t> late {
+        ficSelectorDraw, ficSelectorSetViewPort, ficSelectorProcessData, ficSelectorReleaseMIDI
+    };
+
+    FakeFramework framework;
+    RecordingGroup group;
+    const GroupInUse inUse (&group);
+    const ScopeInUse scope (GetParam().scope);
+    group.CProcessGroup::Initialize();
+
+    for (const auto& row : routineRows)
+    {
+        framework.numTimesEntered = 0;
+        ArgumentMaker maker;
+        row.call (maker);
+
+        const auto expected = row.selector == ficSelectorGetAutoType ? GetParam().latest
+                              : late.contains (row.selector)         ? GetParam().late
+                                                                     : GetParam().usual;
+        EXPECT_EQ (framework.numTimesEntered, expected && ! row.isFixed() ? 1 : 0) << row.name;
+    }
+}
+
+TEST (CriticalSectionScope, WithoutASectionRoutinesRunAllTheSame)
+{
+    RecordingGroup group;
+    const GroupInUse inUse (&group);
+    const ScopeInUse scope (100);
+    ArgumentMaker maker;
+    EXPECT_EQ (routineRows[0].call (maker), groupResult);
+}
+} // namespace

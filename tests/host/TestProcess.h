@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Processes and types for tests of groups: they note what happens to them and fail where they are told to.
+
+#pragma once
+
+#include "host/CEffectProcess.h"
+#include "host/CProcessType.h"
+#include "host/HostPlugInMaker.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+/** What test processes do, and what became of them. Begins anew with resetTestProcesses(). */
+struct TestProcessLog
+{
+    int numAlive = 0;
+    std::vector<std::string> calls;
+    /** Called with the name of each call, before it answers; may throw. Its result is the call's. */
+    std::function<std::int32_t (const std::string&)> answer;
+    std::int32_t sampleRateAtConstruction = 0;
+    SFicPlugInId announcedId {};
+
+    std::int32_t call (const std::string& name);
+    int count (const std::string& name) const;
+};
+
+extern TestProcessLog testProcessLog;
+void resetTestProcesses();
+
+class TestProcess : public virtual CEffectProcess
+{
+public:
+    TestProcess();
+    ~TestProcess() override;
+
+    void Initialize() override;
+    std::int32_t Free() override;
+    std::int32_t ReleaseMIDI() override;
+    std::int32_t SetSampleRate (std::int32_t newSampleRate) override;
+    std::int32_t SetDitherBits (std::int32_t numBits) override;
+    std::int32_t SetTimeCodeInfo (const SFicTimeCodeInfo* info) override;
+    std::int32_t SetLocationTempo (std::int32_t location, std::int32_t tempo) override;
+    std::int32_t BoundAutoSegment (std::int32_t start, std::int32_t end) override;
+    std::int32_t Prime (unsigned char on) override;
+    std::int32_t GetChunk (std::uint32_t chunkID, SFicPlugInChunk* chunk) override;
+    std::int32_t SetChunk (std::uint32_t chunkID, const SFicPlugInChunk* chunk) override;
+    std::int32_t CompareActiveChunk (const SFicPlugInChunk* chunk, unsigned char* same) override;
+
+private:
+    std::int32_t call (const char* name);
+};
+
+/** One that can announce itself to the host's engine. */
+class NativeTestProcess : public TestProcess, public HostPlugInMaker
+{
+public:
+    std::int32_t CreateHostPlugIn (SFicPlugInId id) override;
+};
+
+/** A type of TestProcesses. */
+class TestProcessType : public CProcessType
+{
+public:
+    TestProcessType (std::uint32_t newCode, std::int32_t newPlugInType);
+
+    std::int32_t GetPlugInOSType (std::uint32_t* type) override;
+
+    bool makesProcesses = true;
+
+protected:
+    CProcess* CreateCDSPProcess() override;
+
+private:
+    std::uint32_t code;
+};
