@@ -16,13 +16,14 @@
 
 class CProcess;
 
-/** Has as many ports as the process has channels, and one for a side chain and for each channel of its auxiliary
-    outputs if its type has them. Whoever destroys it tells the host, with a last description that has no ports. */
+/** Has as many ports as the process has channels, and one for a side chain and for each channel of its
+   auxiliary outputs if its type has them. Whoever destroys it tells the host, with a last description that
+   has no ports. */
 class CAdaptorPlugIn : public CPlugIn
 {
 public:
-    /** A null `workerFunction` stands for the generic worker. The connections and the process outlive this object.
-        Throws -9006, as an std::int32_t, if memory runs out. */
+    /** A null `workerFunction` stands for the generic worker. The connections and the process outlive this
+       object. Throws -9006, as an std::int32_t, if memory runs out. */
     CAdaptorPlugIn (const SFicPlugInId& newId,
                     CProcess& process,
                     DAEConnection** inputConnections,

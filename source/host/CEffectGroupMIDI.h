@@ -16,7 +16,8 @@ class CEffectGroupMIDI : public virtual CEffectGroup
 public:
     CEffectGroupMIDI();
 
-    /** [host-main] Takes the first free number from `*id` on, or from 1 on if that is 0, and stores it there. */
+    /** [host-main] Takes the first free number from `*id` on, or from 1 on if that is 0, and stores it there.
+     */
     virtual void GetUniqueNodeInfo (std::int32_t* id);
 
     /** [host-main] Gives a number back. */

@@ -11,14 +11,11 @@ namespace
 // Keys in chunks: never rename one. The second is what older sessions have.
 constexpr auto instanceIDKey = "Instance ID";
 constexpr auto olderInstanceIDKey = "Node ID";
-
-/** The size that is told for a chunk that no class answers for. */
-constexpr std::int32_t unansweredChunkSize = -152;
 } // namespace
 
 CEffectProcessMIDI::CEffectProcessMIDI()
 {
-    AddChunk (FIC_CHUNK_MIDI, "MIDI Connection Data", unansweredChunkSize);
+    AddChunk (FIC_CHUNK_MIDI, "MIDI Connection Data", EffectLayerDef::chunkAnsweredByProcess);
 }
 
 CEffectProcessMIDI::~CEffectProcessMIDI() = default;

@@ -13,7 +13,8 @@
 
 class CEffectGroupMIDI;
 
-/** Its chunk keeps the instance's number. What returns a code returns a FicResult. All operations: [host-main]. */
+/** Its chunk keeps the instance's number. What returns a code returns a FicResult. All operations:
+ * [host-main]. */
 class CEffectProcessMIDI : public virtual CEffectProcess
 {
 public:

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// An instance that the host's real-time engine renders: its ports, and the way from the engine to RenderAudio().
+// An instance that the host's real-time engine renders: its ports, and the way from the engine to
+// RenderAudio().
 
 #pragma once
 
@@ -54,8 +55,8 @@ public:
     /** [host-main] Announces this instance to the host's real-time engine, which may render from then on. */
     std::int32_t CreateHostPlugIn (SFicPlugInId id) override;
 
-    /** [audio] Renders one block: an array of channels each, `numSamples` floats a channel. What it throws ends
-        the block. */
+    /** [audio] Renders one block: an array of channels each, `numSamples` floats a channel. What it throws
+       ends the block. */
     virtual void RenderAudio (float** inputs, float** outputs, std::int32_t numSamples) = 0;
 
     /** [host-main] The name for a region that the instance makes: here, `text` as it is. A Pascal string. */
@@ -69,8 +70,8 @@ public:
     /** [audio] The worker that is announced to the host. */
     static void RenderAudioWorker (SPlugInRTInstance* instance, SPlugInRTGlobals* globals);
 
-    // [audio] For a plug-in without a worker of its own: a block that fails leaves the host's empty output in the
-    // output ports.
+    // [audio] For a plug-in without a worker of its own: a block that fails leaves the host's empty output in
+    // the output ports.
     static void PlugInWorker (SPlugInRTInstance* instance, SPlugInRTGlobals* globals);
     static void PlugInWorkerSG (SPlugInRTInstance* instance, SPlugInRTGlobals* globals);
 
@@ -90,6 +91,7 @@ private:
     void InitializeConnectionArrays();
     void FreeConnectionArrays();
     bool isSidechain (std::int32_t port) const;
+    bool isAuxOutput (std::int32_t port);
     std::int32_t connect (Connections&, std::int32_t port, DAEConnection*, std::int32_t codeIfConnected);
     std::int32_t disconnect (Connections&, std::int32_t port);
     std::int32_t tellConnected (const Connections&, std::int32_t port, unsigned char* connected) const;

@@ -3,8 +3,8 @@
 //
 // Which of an instance's ports the host has connected, and the format that it connects.
 
-#include "CAOSManager.h"
 #include "CEffectProcessRTAS.h"
+#include "StemFormats.h"
 
 namespace
 {
@@ -27,6 +27,24 @@ bool CEffectProcessRTAS::isSidechain (std::int32_t port) const
     return GetSidechainPort() != 0 && port == GetSidechainPort();
 }
 
+bool CEffectProcessRTAS::isAuxOutput (std::int32_t port)
+{
+    std::int32_t numStems = 0;
+    GetNumAuxOutputStems (&numStems);
+
+    for (std::int32_t stem = 1; stem <= numStems; ++stem)
+    {
+        std::int32_t format = 0;
+        std::int32_t firstPort = 0;
+
+        if (GetAuxOutputStemInfo (stem, &format, &firstPort) == ficSuccess && port >= firstPort
+            && port - firstPort < SurroundFormatToNumChannels (format))
+            return true;
+    }
+
+    return false;
+}
+
 std::int32_t CEffectProcessRTAS::connect (Connections& connections,
                                           std::int32_t port,
                                           DAEConnection* connection,
@@ -37,7 +55,7 @@ std::int32_t CEffectProcessRTAS::connect (Connections& connections,
 
     auto& entry = connections[entryOf (port)];
 
-    if (! IsAuxOutputPort (port) && entry != nullptr && connection != nullptr)
+    if (entry != nullptr && connection != nullptr && ! isAuxOutput (port))
         return codeIfConnected;
 
     entry = connection;
@@ -82,11 +100,10 @@ std::int32_t CEffectProcessRTAS::IsOutputPortConnected (std::int32_t port, unsig
 
 std::int32_t CEffectProcessRTAS::CanOutputPortConnect (std::int32_t port, unsigned char* canConnect)
 {
-    const bool isFree
-        = isInRange (outputConnections, port) && outputConnections[entryOf (port)] == nullptr;
+    const bool isFree = isInRange (outputConnections, port) && outputConnections[entryOf (port)] == nullptr;
 
     if (canConnect != nullptr)
-        *canConnect = isFree || IsAuxOutputPort (port);
+        *canConnect = isFree || isAuxOutput (port);
 
     return ficSuccess;
 }
@@ -123,8 +140,9 @@ std::int32_t CEffectProcessRTAS::DisconnectOutput (std::int32_t port)
     return disconnect (outputConnections, port);
 }
 
-std::int32_t
-CEffectProcessRTAS::GetConnectionFormat (std::int16_t, std::int16_t, SFicConnectionFormat* format)
+std::int32_t CEffectProcessRTAS::GetConnectionFormat (std::int16_t,
+                                                      std::int16_t,
+                                                      SFicConnectionFormat* format)
 {
     if (format != nullptr)
     {
@@ -137,8 +155,9 @@ CEffectProcessRTAS::GetConnectionFormat (std::int16_t, std::int16_t, SFicConnect
     return ficSuccess;
 }
 
-std::int32_t
-CEffectProcessRTAS::SetConnectionFormat (std::int16_t, std::int16_t, const SFicConnectionFormat* format)
+std::int32_t CEffectProcessRTAS::SetConnectionFormat (std::int16_t,
+                                                      std::int16_t,
+                                                      const SFicConnectionFormat* format)
 {
     const bool isAccepted = format != nullptr && format->first == acceptedFormat.first
                             && format->second == acceptedFormat.second

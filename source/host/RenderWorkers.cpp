@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The functions that the host's real-time engine calls. Everything here is [audio]: pointers are copied, nothing is
-// allocated and no lock is taken.
+// The functions that the host's real-time engine calls. Everything here is [audio]: pointers are copied,
+// nothing is allocated and no lock is taken.
 
 #include "CEffectProcessRTAS.h"
 #include "S_RTASP_CustomDataAdmin.h"
@@ -60,8 +60,8 @@ bool CEffectProcessRTAS::renderBlock (const SPlugInRTInstance& instance,
     {
         if (takePorts (instance))
         {
-            const auto numSamples
-                = data.variableQuanta != 0 ? globals.quantum : std::int32_t { ficFixedQuantum };
+            const auto numSamples =
+                data.variableQuanta != 0 ? globals.quantum : std::int32_t { ficFixedQuantum };
             RenderAudio (inputSamples.data(), outputSamples.data(), numSamples);
             SetMetersReady();
             return true;

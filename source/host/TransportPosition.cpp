@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "TransportPosition.h"
+
+#include <array>
+
+namespace
+{
+constexpr double ticksPerQuarterNote = 960000.0;
+
+struct FrameRateRow
+{
+    signed char code;
+    juce::AudioPlayHead::FrameRateType type;
+    double framesPerSecond;
+};
+
+constexpr double ntscFramesPerSecond = 29.97002997;
+
+// 23.976 has no name of its own for processors, but its offset counts with its own rate.
+constexpr std::array frameRates { FrameRateRow { 1, juce::AudioPlayHead::fps24, 24.0 },
+                                  FrameRateRow { 2, juce::AudioPlayHead::fps25, 25.0 },
+                                  FrameRateRow { 3, juce::AudioPlayHead::fps2997, ntscFramesPerSecond },
+                                  FrameRateRow { 4, juce::AudioPlayHead::fps2997drop, ntscFramesPerSecond },
+                                  FrameRateRow { 5, juce::AudioPlayHead::fps30, 30.0 },
+                                  FrameRateRow { 6, juce::AudioPlayHead::fps30drop, 30.0 },
+                                  FrameRateRow { 7, juce::AudioPlayHead::fps24, 23.976 } };
+
+constexpr FrameRateRow unknownFrameRate { 0, juce::AudioPlayHead::fpsUnknown, 24.0 };
+
+const FrameRateRow& frameRateFor (signed char code) noexcept
+{
+    for (const auto& row : frameRates)
+        if (row.code == code)
+            return row;
+
+    return unknownFrameRate;
+}
+
+/** What the transport answered, or would at rest. */
+struct TransportState
+{
+    double tempo = 120.0;
+    std::int32_t numerator = 4, denominator = 4;
+    bool isPlaying = false;
+    std::int64_t samples = 0;
+    std::int64_t ticks = 0;
+};
+
+TransportState read (const CEffectMIDITransport& transport)
+{
+    TransportState state;
+    unsigned char playing = 0;
+    transport.GetCurrentTempo (&state.tempo);
+    transport.IsTransportPlaying (&playing);
+    transport.GetCurrentMeter (&state.numerator, &state.denominator);
+    state.isPlaying = playing != 0;
+
+    if (state.isPlaying)
+        transport.GetCurrentRTASSampleLocation (&state.samples);
+    else
+        transport.GetCurrentTDMSampleLocation (&state.samples);
+
+    transport.GetCustomTickPosition (&state.ticks, state.samples);
+    return state;
+}
+} // namespace
+
+juce::AudioPlayHead::PositionInfo positionFrom (const CEffectMIDITransport* transport,
+                                                double sampleRate,
+                                                TimeCode timeCode)
+{
+    const auto state = transport != nullptr ? read (*transport) : TransportState {};
+    const auto& frameRate = frameRateFor (timeCode.frameRateCode);
+
+    juce::AudioPlayHead::PositionInfo info;
+    info.setTimeInSamples (state.samples);
+    info.setTimeInSeconds (static_cast<double> (state.samples) / sampleRate);
+    info.setBpm (state.tempo);
+    info.setTimeSignature (juce::AudioPlayHead::TimeSignature { state.numerator, state.denominator });
+    info.setIsPlaying (state.isPlaying);
+    info.setIsRecording (false);
+    info.setPpqPosition (static_cast<double> (state.ticks) / ticksPerQuarterNote);
+    info.setPpqPositionOfLastBarStart (0.0);
+    info.setLoopPoints (juce::AudioPlayHead::LoopPoints {});
+    info.setIsLooping (false);
+    info.setFrameRate (juce::AudioPlayHead::FrameRate (frameRate.type));
+    info.setEditOriginTime (timeCode.frameOffset / frameRate.framesPerSecond);
+    return info;
+}
