@@ -6,6 +6,7 @@
 #include "CEffectGroup.h"
 #include "CEffectType.h"
 #include "CPluginControl_Discrete.h"
+#include "Gestalts.h"
 #include "PascalText.h"
 #include "platform/Ticks.h"
 
@@ -14,9 +15,6 @@
 
 namespace
 {
-/** The selector that asks a type for its side chain's port. */
-constexpr std::int32_t sidechainGestalt = 5;
-
 /** How the host's questions count among the readers of meters. */
 constexpr char hostMeterClient = 101;
 } // namespace
@@ -64,7 +62,7 @@ void CEffectProcess::ReadType()
     SetChannelCounts (numInputs, numOutputs);
     type->GetPlugInType (&plugInType);
     type->GetStemFormats (&stemFormats);
-    type->Gestalt (sidechainGestalt, &sidechainPort);
+    type->Gestalt (Gestalts::sideChainPort, &sidechainPort);
 }
 
 void CEffectProcess::EffectInit() {}

@@ -68,6 +68,10 @@ void CProcess::InitializeTokens()
     if (gOurTokenTask == nullptr)
         return;
 
+    // Without the services nothing that is registered could be taken back.
+    if (host::FicGetServices() == nullptr)
+        throw CDAEError (ficObjectNotMade);
+
     processesWithTokens().push_back (this);
 
     const auto numEntries = toEntry (controls.GetNumControls()) + numSpareEntries;

@@ -1,0 +1,613 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/ControlledProcess.h"
+#include "host/FakeTokenHost.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <host/CDAEError.h>
+#include <host/FicFunctions.h>
+#include <host/FourCC.h>
+#include <host/HostGlobals.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace
+{
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::uint32_t widthViewID = 11;
+constexpr std::int32_t value = 0x12345678;
+
+template <typename Row>
+std::string rowName (const testing::TestParamInfo<Row>& info)
+{
+    return info.param.name;
+}
+
+/** A process with two controls, and the host that it is registered with. */
+class TokenFixture
+{
+public:
+    TokenFixture()
+    {
+        gInstanciationNum = 3;
+        process.add (std::make_unique<PlainTestControl> ("Width", widthViewID));
+        process.add (std::make_unique<PlainTestControl> ("Pan", 22));
+    }
+
+    ~TokenFixture()
+    {
+        process.Free(); // the view notes its end in the process
+        gInstanciationNum = 0;
+    }
+
+    TokenFixture (const TokenFixture&) = delete;
+    TokenFixture& operator= (const TokenFixture&) = delete;
+
+    void initialize()
+    {
+        process.nextView = std::make_unique<TestView> (process.calls);
+        process.Initialize();
+        process.calls.clear();
+        host.calls.clear();
+    }
+
+    /** Has the host send a token to a listener of "Width". */
+    void send (const SFicSDSToken& token, std::uint32_t listenerType = FIC_TOKEN_CURRENT)
+    {
+        host.waiting.emplace_back (token, host.taskValue ("Width", listenerType));
+    }
+
+    FakeTokenHost host;
+    ControlledProcess process;
+};
+
+// IDs as the fake host gives them: the root's, then those of the controls.
+constexpr std::int32_t rootID = 1, widthID = 2;
+
+//==============================================================================================
+
+TEST (CProcessRegistration, GivesEachControlANameAndThreeListeners)
+{
+    TokenFixture f;
+    f.process.Initialize();
+
+    EXPECT_THAT (f.host.calls,
+                 ElementsAre ("reserve 0:/Inst3",
+                              "reserve 1:Width",
+                              "reserve 1:Pan",
+                              "find 0:",
+                              "listen 2 CURV",
+                              "listen 2 GETV",
+                              "listen 2 SETV",
+                              "listen 3 CURV",
+                              "listen 3 GETV",
+                              "listen 3 SETV"));
+
+    std::int32_t id = 0;
+    EXPECT_EQ (f.process.GetProcessNameID (&id), 0);
+    EXPECT_EQ (id, rootID);
+    EXPECT_EQ (f.process.GetControlNameID (1, &id), 0);
+    EXPECT_EQ (id, widthID);
+
+    for (const auto& [object, listener] : f.host.listeners)
+    {
+        EXPECT_EQ (listener.goal, 0);
+        EXPECT_EQ (listener.isCritical, 0);
+        EXPECT_EQ (listener.latestOnly, 1);
+        EXPECT_EQ (listener.task, gOurTokenTask);
+        EXPECT_EQ (listener.protocol, fourCC ("Ctrl"));
+        EXPECT_EQ (listener.manufacturer, fourCC ("DGDN"));
+        EXPECT_EQ (listener.tokenSubType,
+                   listener.tokenType == fourCC ("SETV") ? fourCC ("CHIL") : fourCC ("CAVL"));
+        EXPECT_NE (listener.taskValue, 0u);
+    }
+
+    EXPECT_NE (f.host.taskValue ("Width", FIC_TOKEN_GET), f.host.taskValue ("Pan", FIC_TOKEN_GET));
+}
+
+TEST (CProcessRegistration, IsTakenBackListenersFirst)
+{
+    TokenFixture f;
+    f.initialize();
+    EXPECT_EQ (f.process.Free(), 0);
+
+    std::vector<std::string> expected (6, "release");
+    expected.insert (expected.end(), { "release name Width", "release name Pan", "release name /Inst3" });
+    EXPECT_EQ (f.host.calls, expected);
+
+    f.host.calls.clear();
+    EXPECT_EQ (f.process.Free(), 0);
+    EXPECT_THAT (f.host.calls, IsEmpty());
+}
+
+TEST (CProcessRegistration, DoesNotHappenWithoutATokenTask)
+{
+    TokenFixture f;
+    gOurTokenTask = nullptr;
+    f.initialize();
+    EXPECT_EQ (f.process.SetControlValue (1, value), 0);
+    EXPECT_EQ (f.process.valueOf (1), value);
+    EXPECT_THAT (f.process.calls, ElementsAre ("update 11=" + std::to_string (value)));
+    EXPECT_EQ (f.process.TouchControl (1), 0);
+    EXPECT_EQ (f.process.DoIdle(), 0);
+    EXPECT_EQ (f.process.Free(), 0);
+    EXPECT_THAT (f.host.calls, ElementsAre ("idle"));
+    EXPECT_THAT (f.host.dispatched, IsEmpty());
+}
+
+TEST (CProcessRegistration, OfANewRootTakesTheOldOneBackFirst)
+{
+    TokenFixture f;
+    f.initialize();
+    EXPECT_EQ (f.process.SetRootName (9), 0);
+    EXPECT_THAT (
+        f.host.calls,
+        ElementsAre ("release name Width", "release name Pan", "release name /Inst3", "reserve 9:/Inst3"));
+    f.process.Free();
+    EXPECT_THAT (f.host.names, IsEmpty());
+}
+
+/** Where registering can go wrong: root, two controls, group, six listeners. */
+class CProcessFailure : public testing::TestWithParam<int>
+{
+};
+
+constexpr int numRegistrations = 10;
+constexpr int firstListener = 5;
+
+TEST_P (CProcessFailure, LeavesNothingRegistered)
+{
+    TokenFixture f;
+    f.host.failingRegistration = GetParam();
+
+    try
+    {
+        f.process.Initialize();
+        ADD_FAILURE() << "went well";
+    }
+    catch (const CDAEError& error)
+    {
+        EXPECT_EQ (error.GetErrorCode(), GetParam() < firstListener ? FakeTokenHost::failure : -7053);
+    }
+
+    EXPECT_THAT (f.host.names, IsEmpty());
+    EXPECT_THAT (f.host.listeners, IsEmpty());
+
+    f.host.calls.clear();
+    EXPECT_EQ (f.process.Free(), 0);
+    EXPECT_THAT (f.host.calls, IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P (AtEachCall, CProcessFailure, testing::Range (1, numRegistrations + 1));
+
+struct MissingRow
+{
+    const char* name;
+    const char* function;
+    std::int32_t code;
+};
+
+class CProcessMissingFunction : public testing::TestWithParam<MissingRow>
+{
+};
+
+TEST_P (CProcessMissingFunction, FailsWithItsCode)
+{
+    TokenFixture f;
+    f.host.missingFunction = GetParam().function;
+    UDigiLibAccess::Initialize();
+
+    try
+    {
+        f.process.Initialize();
+        ADD_FAILURE() << "went well";
+    }
+    catch (const CDAEError& error)
+    {
+        EXPECT_EQ (error.GetErrorCode(), GetParam().code);
+    }
+
+    EXPECT_THAT (f.host.names, IsEmpty());
+    EXPECT_THAT (f.host.listeners, IsEmpty());
+}
+
+constexpr auto missingRows = std::to_array<MissingRow> ({
+    { "Reserve", "FicSDSReserveName", -2802 },
+    { "GetId", "FicSDSGetNameId", -2802 },
+    { "Services", "FicGetServices", -7053 },
+});
+
+INSTANTIATE_TEST_SUITE_P (Functions,
+                          CProcessMissingFunction,
+                          testing::ValuesIn (missingRows),
+                          rowName<MissingRow>);
+
+TEST (CProcessRegistration, EndsWithTheProcess)
+{
+    FakeTokenHost host;
+
+    {
+        ControlledProcess process;
+        process.add (std::make_unique<PlainTestControl> ("Width"));
+        process.Initialize();
+        EXPECT_EQ (host.listeners.size(), 3u);
+    }
+
+    EXPECT_THAT (host.names, IsEmpty());
+    EXPECT_THAT (host.listeners, IsEmpty());
+}
+
+//==============================================================================================
+
+/** The bytes of a token: six numbers, then what follows them up to its length. */
+struct BytesRow
+{
+    const char* name;
+    std::function<void (TokenFixture&)> act;
+    std::size_t which; // of the tokens that are sent
+    std::int32_t nameID;
+    std::uint32_t type, subType;
+    std::int16_t length;
+    std::vector<unsigned char> payload;
+};
+
+class CProcessTokenBytes : public testing::TestWithParam<BytesRow>
+{
+};
+
+TEST_P (CProcessTokenBytes, AreExact)
+{
+    const auto& row = GetParam();
+    TokenFixture f;
+    f.initialize();
+    row.act (f);
+    ASSERT_GT (f.host.dispatched.size(), row.which);
+
+    constexpr std::size_t unusedOffset = 32, lengthOffset = 36;
+    std::vector<unsigned char> expected (unusedOffset);
+    const std::array<std::uint32_t, 6> numbers {
+        static_cast<std::uint32_t> (row.nameID), row.type, row.subType, fourCC ("DGDN"), fourCC ("Ctrl"),
+        static_cast<std::uint32_t> (row.nameID)
+    };
+    std::memcpy (expected.data(), numbers.data(), sizeof (numbers));
+
+    std::vector<unsigned char> sent (static_cast<std::size_t> (row.length));
+    std::memcpy (sent.data(), &f.host.dispatched[row.which], sent.size());
+
+    EXPECT_TRUE (std::equal (expected.begin(), expected.end(), sent.begin()));
+
+    std::int16_t length = 0;
+    std::memcpy (&length, sent.data() + lengthOffset, sizeof (length));
+    EXPECT_EQ (length, row.length);
+    EXPECT_EQ (std::vector<unsigned char> (sent.begin() + ficTokenHeaderLength, sent.end()), row.payload);
+}
+
+void touch (TokenFixture& f)
+{
+    f.process.TouchControl (1);
+    f.process.ReleaseControl (1);
+}
+
+void setValue (TokenFixture& f)
+{
+    f.process.SetControlValue (1, value);
+}
+
+void updateValue (TokenFixture& f)
+{
+    f.process.UpdateControlValue (1, value);
+}
+
+// A value's bytes in host order, on the machines that this is built for.
+const std::vector<unsigned char> valueBytes { 0x78, 0x56, 0x34, 0x12 };
+
+const std::vector<BytesRow> bytesRows {
+    { "Touch", touch, 0, widthID, fourCC ("SETV"), fourCC ("CTCH"), 44, { 1, 0, 1, 0, 0, 0 } },
+    { "Grab", touch, 1, FakeTokenHost::groupNameID, fourCC ("SETV"), fourCC ("GIAC"), 38, {} },
+    { "Release", touch, 2, widthID, fourCC ("SETV"), fourCC ("CTCH"), 44, { 0, 0, 1, 0, 0, 0 } },
+    { "Set", setValue, 2, widthID, fourCC ("SETV"), fourCC ("CAVL"), 42, valueBytes },
+    { "Current", updateValue, 0, widthID, fourCC ("CURV"), fourCC ("CAVL"), 42, valueBytes },
+};
+
+INSTANTIATE_TEST_SUITE_P (Tokens, CProcessTokenBytes, testing::ValuesIn (bytesRows), rowName<BytesRow>);
+
+//==============================================================================================
+
+/** T and R touch and release, V sets a value; the tokens are t for a touch, g a grab, r a release, v a value.
+ */
+struct TouchRow
+{
+    const char* name;
+    const char* actions;
+    std::int32_t control;
+    const char* tokens;
+};
+
+class CProcessTouch : public testing::TestWithParam<TouchRow>
+{
+};
+
+char shorthand (const SFicSDSToken& token)
+{
+    if (token.tokenSubType == FIC_TOKEN_TOUCH)
+        return token.payload[0] == 1 ? 't' : 'r';
+
+    return token.tokenSubType == FIC_TOKEN_GRABBED ? 'g' : 'v';
+}
+
+TEST_P (CProcessTouch, SendsWhatTheHostNeeds)
+{
+    const auto& row = GetParam();
+    TokenFixture f;
+    f.initialize();
+
+    for (const char* action = row.actions; *action != 0; ++action)
+    {
+        const auto result = *action == 'T'   ? f.process.TouchControl (row.control)
+                            : *action == 'R' ? f.process.ReleaseControl (row.control)
+                                             : f.process.SetControlValue (row.control, value);
+        EXPECT_EQ (result, 0);
+    }
+
+    std::string tokens;
+    std::transform (
+        f.host.dispatched.begin(), f.host.dispatched.end(), std::back_inserter (tokens), shorthand);
+    EXPECT_EQ (tokens, row.tokens);
+}
+
+constexpr auto touchRows = std::to_array<TouchRow> ({
+    { "Touch", "T", 1, "tg" },
+    { "TouchAndRelease", "TR", 1, "tgr" },
+    { "Nested", "TTRR", 1, "tgr" },
+    { "NestedNotYetReleased", "TTR", 1, "tg" },
+    { "AgainAfterwards", "TRTR", 1, "tgrtgr" },
+    { "Value", "V", 1, "tgvr" },
+    { "ValueInsideATouch", "TVVR", 1, "tgvvr" },
+    { "ReleaseAlone", "RR", 1, "" },
+    { "TouchAfterAReleaseAlone", "RTR", 1, "tgr" },
+    { "NoControl", "TRVTV", 3, "" },
+    { "ControlBelow", "TRV", -1, "" },
+});
+
+INSTANTIATE_TEST_SUITE_P (Sequences, CProcessTouch, testing::ValuesIn (touchRows), rowName<TouchRow>);
+
+TEST (CProcessValues, OfOneControlAreTouchedApart)
+{
+    TokenFixture f;
+    f.initialize();
+    f.process.TouchControl (1);
+    f.process.TouchControl (2);
+    f.process.ReleaseControl (1);
+    EXPECT_THAT (f.host.dispatchedKinds(),
+                 ElementsAre ("SETV CTCH 2", "SETV GIAC 77", "SETV CTCH 3", "SETV GIAC 77", "SETV CTCH 2"));
+}
+
+//==============================================================================================
+
+TEST (CProcessValues, AreSetOnlyByTheHostsAnswer)
+{
+    TokenFixture f;
+    f.initialize();
+    f.host.dispatchResult = FakeTokenHost::failure;
+    EXPECT_EQ (f.process.SetControlValue (1, value), FakeTokenHost::failure);
+    EXPECT_EQ (f.process.valueOf (1), longControlBottom);
+
+    f.host.dispatchResult = ficSuccess;
+    f.host.answer = [&] (const SFicSDSToken& token)
+    {
+        if (token.tokenType == FIC_TOKEN_SET && token.tokenSubType == FIC_TOKEN_VALUE)
+            f.process.UpdateControlValue (1, readTokenValue (token).value());
+    };
+    EXPECT_EQ (f.process.SetControlValue (1, value), 0);
+    EXPECT_EQ (f.process.valueOf (1), value);
+    EXPECT_EQ (f.host.dispatchedKinds().at (f.host.dispatched.size() - 2), "CURV CAVL 2");
+}
+
+TEST (CProcessValues, AreSetAtOnceBeforeTheControlsAreRegistered)
+{
+    TokenFixture f;
+    EXPECT_EQ (f.process.SetControlValue (1, value), 0);
+    EXPECT_EQ (f.process.valueOf (1), value);
+    EXPECT_THAT (f.host.dispatched, IsEmpty());
+}
+
+TEST (CProcessValues, GiveTheResultOfTheirToken)
+{
+    TokenFixture f;
+    f.initialize();
+    f.host.dispatchResult = FakeTokenHost::failure;
+    EXPECT_EQ (f.process.UpdateControlValue (1, value), FakeTokenHost::failure);
+    EXPECT_EQ (f.process.valueOf (1), value);
+}
+
+//==============================================================================================
+
+/** What a token from the host to "Width" brings about. */
+struct IncomingRow
+{
+    const char* name;
+    SFicSDSToken token;
+    std::vector<std::string> calls;
+    std::int32_t valueAfterwards;
+    std::vector<std::string> dispatched;
+};
+
+SFicSDSToken withLength (SFicSDSToken token, std::int16_t length)
+{
+    token.tokenLength = length;
+    return token;
+}
+
+class CProcessIncoming : public testing::TestWithParam<IncomingRow>
+{
+};
+
+constexpr std::int32_t valueBefore = 5;
+
+TEST_P (CProcessIncoming, IsActedUponAndGivenBack)
+{
+    const auto& row = GetParam();
+    TokenFixture f;
+    f.process.UpdateControlValue (1, valueBefore);
+    f.initialize();
+    f.send (row.token);
+
+    EXPECT_EQ (f.process.DoIdle(), 0);
+    EXPECT_EQ (f.process.calls, row.calls);
+    EXPECT_EQ (f.process.valueOf (1), row.valueAfterwards);
+    EXPECT_EQ (f.host.dispatchedKinds(), row.dispatched);
+    EXPECT_THAT (f.host.calls, ElementsAre ("take", "done", "idle"));
+}
+
+const auto otherToken = makeToken (widthID, fourCC ("SETV"), fourCC ("abcd"), FIC_PROTOCOL_CONTROL, 38);
+const auto getToken = makeToken (widthID, FIC_TOKEN_GET, FIC_TOKEN_VALUE, FIC_PROTOCOL_CONTROL, 42);
+const auto highlightToken = makeToken (widthID, FIC_TOKEN_SET, FIC_TOKEN_HIGHLIGHT, FIC_PROTOCOL_CONTROL, 56);
+
+const std::vector<IncomingRow> incomingRows {
+    { "EchoOfTheValue",
+      makeValueToken (widthID, FIC_TOKEN_CURRENT, valueBefore),
+      { "update 11=5" },
+      valueBefore,
+      {} },
+    { "AnotherValue", makeValueToken (widthID, FIC_TOKEN_CURRENT, 6), { "update 11=6" }, 6, {} },
+    { "ValueCutShort", withLength (makeValueToken (widthID, FIC_TOKEN_CURRENT, 6), 41), {}, valueBefore, {} },
+    { "NegativeLength",
+      withLength (makeValueToken (widthID, FIC_TOKEN_CURRENT, 6), -1),
+      {},
+      valueBefore,
+      {} },
+    { "Question", getToken, {}, valueBefore, { "CURV CAVL 2" } },
+    { "Highlight", highlightToken, { "highlight 1" }, valueBefore, {} },
+    { "HighlightWithNothing", withLength (highlightToken, 38), { "highlight 1" }, valueBefore, {} },
+    { "HugeLength", withLength (highlightToken, 32767), { "highlight 1" }, valueBefore, {} },
+    { "Other", otherToken, { "token" }, valueBefore, {} },
+};
+
+INSTANTIATE_TEST_SUITE_P (Tokens, CProcessIncoming, testing::ValuesIn (incomingRows), rowName<IncomingRow>);
+
+TEST (CProcessIdle, ReadsHighlightsFromTheirBytes)
+{
+    TokenFixture f;
+    f.initialize();
+    auto token = highlightToken;
+
+    for (std::size_t i = 0; i < sizeof (token.payload); ++i)
+        token.payload[i] = static_cast<unsigned char> (i + 1);
+
+    f.send (token, FIC_TOKEN_SET);
+    f.send (withLength (token, 41), FIC_TOKEN_SET);
+
+    f.host.ticksPerToken = 2;
+    f.process.DoIdle();
+    EXPECT_EQ (f.process.highlight.first, 0x0201);
+    EXPECT_EQ (f.process.highlight.second, 0x0403);
+    EXPECT_EQ (f.process.highlight.text[0], 5);
+    EXPECT_EQ (f.process.highlight.text[11], 16);
+    EXPECT_EQ (f.process.highlight.third, 0x1211);
+
+    f.process.DoIdle();
+    EXPECT_EQ (f.process.highlight.second, 0x0003);
+    EXPECT_EQ (f.process.highlight.text[0], 0);
+}
+
+TEST (CProcessIdle, StopsAfterTwoTicks)
+{
+    TokenFixture f;
+    f.initialize();
+
+    for (int i = 0; i < 5; ++i)
+        f.send (otherToken);
+
+    f.host.ticksPerToken = 1;
+    f.process.DoIdle();
+    EXPECT_THAT (f.host.calls, ElementsAre ("take", "done", "take", "done", "idle"));
+
+    f.host.ticksPerToken = 100;
+    f.process.DoIdle();
+    EXPECT_EQ (f.host.waiting.size(), 2u);
+
+    f.host.ticksPerToken = 0;
+    f.process.DoIdle();
+    EXPECT_THAT (f.host.waiting, IsEmpty());
+}
+
+TEST (CProcessIdle, ServesAllInstancesAndOnlyThoseThatLive)
+{
+    TokenFixture f;
+    f.initialize();
+
+    auto other = std::make_unique<ControlledProcess>();
+    other->add (std::make_unique<PlainTestControl> ("Other"));
+    other->Initialize();
+    const auto othersTask = f.host.taskValue ("Other", FIC_TOKEN_CURRENT);
+
+    f.host.waiting.emplace_back (otherToken, othersTask);
+    f.process.DoIdle();
+    EXPECT_THAT (other->calls, ElementsAre ("token"));
+
+    other->Free();
+    f.host.waiting.emplace_back (otherToken, othersTask);
+    f.host.waiting.emplace_back (otherToken, 0);
+    f.host.waiting.emplace_back (otherToken, f.host.taskValue ("Width", FIC_TOKEN_CURRENT) + 1);
+    f.process.DoIdle();
+    EXPECT_THAT (other->calls, ElementsAre ("token"));
+    EXPECT_THAT (f.process.calls, IsEmpty());
+    EXPECT_EQ (f.host.numTokensLent, 0);
+}
+
+TEST (CProcessIdle, GivesATokenBackWhoseHandlerThrows)
+{
+    TokenFixture f;
+    f.initialize();
+    f.process.onToken = [] { throw CDAEError (PlainTestControl::unknownTextCode); };
+    f.send (otherToken);
+    EXPECT_THROW (f.process.DoIdle(), CDAEError);
+    EXPECT_EQ (f.host.numTokensLent, 0);
+}
+
+TEST (CProcessIdle, SurvivesATokenThatEndsTheProcess)
+{
+    FakeTokenHost host;
+    auto process = std::make_unique<ControlledProcess>();
+    process->add (std::make_unique<PlainTestControl> ("Width"));
+    process->Initialize();
+
+    for (int i = 0; i < 2; ++i)
+        host.waiting.emplace_back (otherToken, host.taskValue ("Width", FIC_TOKEN_CURRENT));
+
+    process->onToken = [&]
+    {
+        process->Free();
+        process.reset();
+    };
+    EXPECT_EQ (process->DoTokenIdle(), 0);
+    EXPECT_EQ (process, nullptr);
+    EXPECT_EQ (host.numTokensLent, 0);
+    EXPECT_THAT (host.waiting, IsEmpty());
+}
+
+TEST (CProcessIdle, RunsMessagesBeforeTokens)
+{
+    TokenFixture f;
+    f.initialize();
+    f.process.runMessages = [&]
+    {
+        f.host.calls.push_back ("messages");
+        return true;
+    };
+    f.send (otherToken);
+    f.process.DoIdle();
+    EXPECT_THAT (f.host.calls, ElementsAre ("messages", "take", "done", "idle"));
+}
+} // namespace
