@@ -67,9 +67,9 @@ void JuceCustomUIView::updateSize()
         startTimer (newSizeDelayMs);
 }
 
-void JuceCustomUIView::attachToWindow (GrafPtr port)
+void JuceCustomUIView::attachToWindow (GrafPtr newPort)
 {
-    if (port == 0)
+    if (newPort == 0)
     {
         deleteEditorComp();
         return;
@@ -79,7 +79,7 @@ void JuceCustomUIView::attachToWindow (GrafPtr port)
     wrapper.reset();
 
     if (editorComp != nullptr)
-        wrapper = std::make_unique<EditorCompWrapper> (port, *editorComp, *this);
+        wrapper = std::make_unique<EditorCompWrapper> (newPort, *editorComp, *this);
 }
 
 void JuceCustomUIView::deleteEditorComp()

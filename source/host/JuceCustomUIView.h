@@ -43,7 +43,7 @@ public:
     void updateSize();
 
     /** Shows the editor in the host's window; 0 closes it, and deletes the editor. */
-    void attachToWindow (GrafPtr port);
+    void attachToWindow (GrafPtr newPort);
 
     /** Closes menus and modal windows, then deletes the editor and what it stood in. */
     void deleteEditorComp();

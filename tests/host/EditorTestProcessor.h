@@ -22,20 +22,24 @@ public:
     public:
         Editor (EditorTestProcessor& ownerOfLog, juce::Point<int> size)
             : AudioProcessorEditor (ownerOfLog),
-              log (ownerOfLog.log)
+              owner (ownerOfLog)
         {
             setOpaque (true);
             setWantsKeyboardFocus (true);
             setSize (size.x, size.y);
         }
 
-        ~Editor() override { log.push_back ("editor deleted"); }
+        ~Editor() override
+        {
+            owner.log.push_back (owner.getActiveEditor() == nullptr ? "editor deleted"
+                                                                    : "editor deleted untold");
+        }
 
         void paint (juce::Graphics& graphics) override { graphics.fillAll (juce::Colours::orange); }
         bool keyPressed (const juce::KeyPress& key) override { return key.getTextCharacter() == 'u'; }
 
     private:
-        EventLog& log;
+        EditorTestProcessor& owner;
     };
 
     /** Of the next editor. */
@@ -52,12 +56,6 @@ public:
 
         log.push_back ("editor made");
         return new Editor (*this, editorSize);
-    }
-
-    void editorBeingDeleted (juce::AudioProcessorEditor* editor) noexcept override
-    {
-        log.push_back ("told of deletion");
-        AudioProcessor::editorBeingDeleted (editor);
     }
 
     const juce::String getName() const override { return "Editor test"; }

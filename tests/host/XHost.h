@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: The WideLoom authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// A host as the X server sees it: windows, a mouse and a keyboard, over a connection of its own.
+
+#pragma once
+
+#include "host/HostInterface.h"
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+#include <vector>
+
+struct _XDisplay;
+
+class XHost
+{
+public:
+    XHost();
+    ~XHost();
+
+    /** A window that is on the screen, in another or by itself. */
+    GrafPtr makeWindow (int width, int height, GrafPtr parent = 0);
+
+    void show (GrafPtr window);
+    void hide (GrafPtr window);
+    void resize (GrafPtr window, int width, int height);
+    void destroy (GrafPtr window);
+
+    struct Child
+    {
+        juce::Rectangle<int> bounds; // in its parent
+        bool isShown = false;
+    };
+
+    std::vector<Child> getChildren (GrafPtr window) const;
+
+    /** Puts the mouse on a point of the window. */
+    void moveMouse (GrafPtr window, juce::Point<int> position);
+    void pressMouse (bool down);
+
+    /** Presses the key of that X symbol and lets it go. */
+    void typeKey (unsigned long symbol);
+
+    struct Key
+    {
+        unsigned long symbol = 0;
+        bool down = false;
+
+        bool operator== (const Key&) const = default;
+    };
+
+    /** The keys that came to the host's windows so far. */
+    const std::vector<Key>& getKeys();
+
+    /** Makes a request that the server refuses. */
+    void provokeError();
+
+    /** Requests that the server refused, of whatever connection, as far as the program's handler heard of
+     * them. */
+    static int getNumErrors();
+
+    /** True if the handler that the host set is the program's. */
+    static bool handlesErrors();
+
+    XHost (const XHost&) = delete;
+    XHost& operator= (const XHost&) = delete;
+
+private:
+    _XDisplay* const display;
+    std::vector<Key> keys;
+};
