@@ -9,7 +9,6 @@
 #include "CallNoThrow.h"
 #include "FicFunctions.h"
 #include "HostGlobals.h"
-#include "platform/Application.h"
 
 #include <algorithm>
 
@@ -19,12 +18,6 @@ CProcessGroup::~CProcessGroup()
 {
     FreeProcessTypes();
     ReleaseHostObjects();
-}
-
-CProcessGroup* CProcessGroup::CreateProcessGroup()
-{
-    platform::initialiseMacRTAS();
-    return makePlugInGroup();
 }
 
 void CProcessGroup::Initialize()
