@@ -126,8 +126,8 @@ public:
     using CEffectProcess::sidechainPort;
     using CEffectProcess::stemFormats;
 
-    std::unique_ptr<TestView> nextView; // for Initialize()
     std::vector<std::string> calls;     // of the views and of what is overridden here
+    std::unique_ptr<TestView> nextView; // for Initialize()
     std::function<bool()> runMessages;
     std::function<void()> effectInit;
     std::function<void()> onToken;
