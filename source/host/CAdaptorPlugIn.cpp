@@ -3,11 +3,11 @@
 
 #include "CAdaptorPlugIn.h"
 
-#include "CDAEError.h"
 #include "CEffectProcessRTAS.h"
 #include "CProcess.h"
 #include "CProcessType.h"
 #include "FicFunctions.h"
+#include "Gestalts.h"
 #include "StemFormats.h"
 
 #include <array>
@@ -15,16 +15,7 @@
 
 namespace
 {
-/** Selectors of a process type's Gestalt(). */
-enum TypeGestalt : std::int32_t
-{
-    sidechainPortGestalt = 5,
-    scatterGatherGestalt = 38,
-    auxOutputsGestalt = 41,
-    variableQuantaGestalt = 48
-};
-
-std::int32_t gestaltOf (CProcess& process, TypeGestalt selector)
+std::int32_t gestaltOf (CProcess& process, std::int32_t selector)
 {
     std::int32_t answer = 0;
     auto* const type = process.GetProcessType();
@@ -34,7 +25,7 @@ std::int32_t gestaltOf (CProcess& process, TypeGestalt selector)
 bool hasVariableQuanta (CProcess& process)
 {
     std::int32_t answer = 0;
-    return gestaltOf (process, variableQuantaGestalt) != 0
+    return gestaltOf (process, Gestalts::variableQuanta) != 0
            && host::FicGestalt (FIC_GESTALT_VARIABLE_QUANTA, &answer) == ficSuccess && answer != 0;
 }
 
@@ -72,8 +63,8 @@ std::int32_t numAuxOutputs (CProcess& process)
 
 FicWorkerProc genericWorkerFor (CProcess& process)
 {
-    return gestaltOf (process, scatterGatherGestalt) != 0 ? CEffectProcessRTAS::PlugInWorkerSG
-                                                          : CEffectProcessRTAS::PlugInWorker;
+    return gestaltOf (process, Gestalts::scatterGatherWorker) != 0 ? CEffectProcessRTAS::PlugInWorkerSG
+                                                                   : CEffectProcessRTAS::PlugInWorker;
 }
 } // namespace
 
@@ -93,8 +84,8 @@ CAdaptorPlugIn::CAdaptorPlugIn (const SFicPlugInId& newId,
     process.GetNumAudioInputs (&numInputs);
     process.GetNumAudioOutputs (&numOutputs);
 
-    const auto sidechainPort = gestaltOf (process, sidechainPortGestalt);
-    const auto auxOutputs = gestaltOf (process, auxOutputsGestalt) != 0 ? numAuxOutputs (process) : 0;
+    const auto sidechainPort = gestaltOf (process, Gestalts::sideChainPort);
+    const auto auxOutputs = gestaltOf (process, Gestalts::auxOutputStems) != 0 ? numAuxOutputs (process) : 0;
     numInputPorts = static_cast<std::int16_t> (numInputs + (sidechainPort != 0 ? 1 : 0));
     numOutputPorts = static_cast<std::int16_t> (numOutputs + auxOutputs);
 

@@ -6,6 +6,7 @@
 #include "CProcess.h"
 #include "CProcessGroup.h"
 #include "CProcessType.h"
+#include "CallNoThrow.h"
 #include "FicFunctions.h"
 #include "HostGlobals.h"
 
@@ -27,7 +28,8 @@ std::int32_t CEffectMIDIWorld::RegisterMIDI (std::int32_t highestVersion,
     for (std::int32_t version = highestVersion; version >= 1; --version)
     {
         transportInterface = nullptr;
-        result = DirectMidi_RegisterClient (version, process, this, &transportInterface);
+        result = CallAndTranslateExceptionsToReturnValues (
+            [&] { return DirectMidi_RegisterClient (version, process, this, &transportInterface); });
 
         if (result == ficSuccess && transportInterface != nullptr)
         {

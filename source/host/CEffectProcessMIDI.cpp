@@ -5,6 +5,7 @@
 
 #include "CEffectGroupMIDI.h"
 #include "CEffectType.h"
+#include "CallNoThrow.h"
 
 namespace
 {
@@ -56,7 +57,8 @@ std::int32_t CEffectProcessMIDI::MIDILogIn()
 
 std::int32_t CEffectProcessMIDI::MIDILogOut()
 {
-    const auto result = DirectMidi_FreeClient (midiWorld.transportInterface);
+    const auto result = CallAndTranslateExceptionsToReturnValues (
+        [this] { return DirectMidi_FreeClient (midiWorld.transportInterface); });
 
     if (result == ficSuccess)
     {

@@ -7,6 +7,7 @@
 
 #include "CProcessType.h"
 #include "CallNoThrow.h"
+#include "DAERemoteObject.h"
 #include "FicFunctions.h"
 #include "HostGlobals.h"
 
@@ -184,6 +185,7 @@ std::int32_t CProcessGroup::FreeHardware()
 std::int32_t CProcessGroup::SetXCMDProc (FicXCMDProc callback)
 {
     gXCMDProcPtr = callback;
+    DAERemoteObjectForgetManager(); // a refusal was the old callback's
     return ficSuccess;
 }
 

@@ -5,6 +5,7 @@
 
 #include "CEffectTypeRTAS.h"
 #include "FourCC.h"
+#include "Gestalts.h"
 #include "JucePlugInProcess.h"
 #include "StemFormats.h"
 
@@ -25,7 +26,6 @@ constexpr std::int32_t sampleRateSupport = 6;
 // it.
 constexpr std::int32_t groupGestalt = 14;
 constexpr std::int32_t typeGestalt = 8;
-constexpr std::int32_t variableQuantaGestalt = 48;
 
 struct ChannelConfig
 {
@@ -76,7 +76,7 @@ void JucePlugInGroup::CreateEffectTypes()
         type->DefineSampleRateSupport (sampleRateSupport);
         type->DefineStemFormats (stemFormatOf (config.inputs), stemFormatOf (config.outputs), 0);
         type->AddGestalt (typeGestalt);
-        type->AddGestalt (variableQuantaGestalt);
+        type->AddGestalt (Gestalts::variableQuanta);
         type->AttachEffectProcessCreator (createNewProcess, nullptr);
         AddEffectType (type.release());
     }

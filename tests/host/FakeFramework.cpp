@@ -17,6 +17,7 @@ namespace
 FakeFramework* framework = nullptr;
 
 constexpr std::int32_t answerOfNamedFunction = 17;
+constexpr std::int32_t refusalOfMidiService = -50;
 
 std::int32_t getFrameworkVersion()
 {
@@ -66,6 +67,33 @@ unsigned char eventAvail (EventRecord**)
 {
     framework->depthsAtEvents.push_back (framework->criticalSectionDepth);
     return 0;
+}
+
+std::int32_t getMaximumQuantum()
+{
+    return framework->maximumQuantum;
+}
+
+std::int32_t registerMidiClient (std::int32_t version,
+                                 void*,
+                                 const SFicPlugInSpec* spec,
+                                 const SFicTransport** transport)
+{
+    framework->midiVersionsAsked.push_back (version);
+
+    if (version > framework->midiVersion)
+        return refusalOfMidiService;
+
+    framework->midiClient = *spec;
+    framework->numMidiClients += framework->transport != nullptr ? 1 : 0;
+    *transport = framework->transport;
+    return ficSuccess;
+}
+
+std::int32_t unregisterMidiClient (const SFicTransport*)
+{
+    framework->numMidiClients -= framework->unregisterResult == ficSuccess ? 1 : 0;
+    return framework->unregisterResult;
 }
 
 std::int32_t retainBundle (CFBundleRef)
@@ -131,6 +159,9 @@ platform::HostFunction lookUp (const char* name)
         row<FicEnterCriticalSectionProc> ("FicEnterCriticalSection", enterCriticalSection),
         row<FicLeaveCriticalSectionProc> ("FicLeaveCriticalSection", leaveCriticalSection),
         row<FicEventAvailProc> ("FicEventAvail", eventAvail),
+        row<FicGetMaximumRTASQuantumProc> ("FicGetMaximumRTASQuantum", getMaximumQuantum),
+        row<FicRegisterDirectMIDIClientProc> ("FicRegisterDirectMIDIClient", registerMidiClient),
+        row<FicUnRegisterDirectMIDIClientProc> ("FicUnRegisterDirectMIDIClient", unregisterMidiClient),
         row<FicRetainBundleProc> ("FicRetainBundle", retainBundle),
         row<FicReleaseBundleProc> ("FicReleaseBundle", releaseBundle),
     });

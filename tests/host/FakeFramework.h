@@ -33,13 +33,21 @@ public:
     unsigned char lettingIn = 1; // the answer of TryToEnterCriticalSection
     SFicServices services;
 
+    std::int32_t maximumQuantum = 512; // samples
+    std::int32_t midiVersion = 7;      // the newest interface of the MIDI service; 0: no service
+    const SFicTransport* transport = nullptr;
+    std::int32_t unregisterResult = 0;
+
     /** Objects of the host that the plug-in has and did not release. */
     int numObjects = 0;
     int numInitFicCalls = 0;
     int criticalSectionDepth = 0;
     int numTimesEntered = 0;
     std::vector<int> depthsAtEvents; // of the critical section, whenever events were polled
-    int bundleCount = 0;             // retained less released
+    std::vector<std::int32_t> midiVersionsAsked;
+    SFicPlugInSpec midiClient {};
+    int numMidiClients = 0;
+    int bundleCount = 0; // retained less released
 
     FicObject newObject();
 };
