@@ -61,7 +61,12 @@ std::unique_ptr<juce::AudioProcessor> createPluginFilterOfType (juce::AudioProce
 }
 
 JucePlugInProcess::JucePlugInProcess()
-    : filter (createPluginFilterOfType (nativeHostWrapperType))
+    : JucePlugInProcess (createPluginFilterOfType (nativeHostWrapperType))
+{
+}
+
+JucePlugInProcess::JucePlugInProcess (std::unique_ptr<juce::AudioProcessor> processor)
+    : filter (std::move (processor))
 {
     AddChunk (FIC_CHUNK_JUCE, "Juce Audio Plugin Data", EffectLayerDef::chunkAnsweredByProcess);
     ++numInstances;

@@ -28,7 +28,11 @@ class JucePlugInProcess : public CEffectProcessMIDI,
 public:
     class JucePluginControl;
 
+    /** On the program's own processor. */
     JucePlugInProcess();
+
+    /** On a processor, which must not be null. */
+    explicit JucePlugInProcess (std::unique_ptr<juce::AudioProcessor> processor);
     ~JucePlugInProcess() override;
 
     /** The chunk FIC_CHUNK_JUCE is the processor's state block as it is. The block whose size was told is the

@@ -205,7 +205,7 @@ TEST_F (CEffectProcessRTASTest, ConnectionFormats)
     changed.sampleRate = 0.0f;
     EXPECT_EQ (process.SetConnectionFormat (1, 1, &changed), -7104);
 
-    for (auto* const field :
+    for (const auto field :
          { &SFicConnectionFormat::first, &SFicConnectionFormat::second, &SFicConnectionFormat::third })
     {
         changed = format;

@@ -9,8 +9,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstring>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -64,19 +65,31 @@ constexpr std::size_t clearedBytes()
     }
 }
 
+template <typename... Parameters, std::size_t... indices>
+void check (std::index_sequence<indices...>,
+            const std::string& name,
+            CPlugIn& plugIn,
+            std::int32_t (CPlugIn::*operation) (Parameters...),
+            std::int32_t expected)
+{
+    [[maybe_unused]] std::array<Argument, sizeof...(Parameters) + 1> arguments;
+    const std::vector<std::size_t> toBeCleared { clearedBytes<Parameters>()..., 0 };
+
+    EXPECT_EQ ((plugIn.*operation) (static_cast<Parameters> (arguments[indices])...), expected) << name;
+
+    for (std::size_t i = 0; i < arguments.size(); ++i)
+        EXPECT_EQ (arguments[i].numCleared(), toBeCleared[i]) << name << ", parameter " << i;
+
+    EXPECT_EQ ((plugIn.*operation) (Parameters {}...), expected) << name << " with null pointers";
+}
+
 template <typename... Parameters>
 void check (const std::string& name,
             CPlugIn& plugIn,
             std::int32_t (CPlugIn::*operation) (Parameters...),
             std::int32_t expected)
 {
-    std::array<Argument, sizeof...(Parameters) + 1> arguments;
-    std::size_t next = 0;
-    EXPECT_EQ ((plugIn.*operation) (static_cast<Parameters> (arguments[next++])...), expected) << name;
-
-    next = 0;
-    (EXPECT_EQ (arguments[next++].numCleared(), clearedBytes<Parameters>()) << name, ...);
-    EXPECT_EQ ((plugIn.*operation) (Parameters {}...), expected) << name << " with null pointers";
+    check (std::index_sequence_for<Parameters...> {}, name, plugIn, operation, expected);
 }
 } // namespace
 
