@@ -80,7 +80,11 @@ std::vector<unsigned char> midiChunk (const char* key, std::int32_t value)
 class CEffectProcessMIDITest : public testing::Test
 {
 protected:
-    CEffectProcessMIDITest() { framework.transport = &transport; }
+    CEffectProcessMIDITest()
+    {
+        framework.isAlive = 0; // no token service
+        framework.transport = &transport;
+    }
 
     MidiProcess& instantiate()
     {
