@@ -57,9 +57,10 @@ std::int32_t FakeEngine::call (void* object, const std::uintptr_t* words, std::i
 
     if (engine->givesDataBlocks && engine->kinds[object] == ficRemoteData)
     {
-        engine->block = std::make_unique<std::uint64_t[]> (words[sizeWord] / sizeof (std::uint64_t) + 1);
+        engine->blocks.push_back (
+            std::make_unique<std::uint64_t[]> (words[sizeWord] / sizeof (std::uint64_t) + 1));
         *reinterpret_cast<std::uintptr_t*> (words[addressWord]) =
-            reinterpret_cast<std::uintptr_t> (engine->block.get());
+            reinterpret_cast<std::uintptr_t> (engine->dataBlock());
     }
 
     return ficSuccess;

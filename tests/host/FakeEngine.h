@@ -42,14 +42,14 @@ public:
     const std::vector<std::uintptr_t>& description (void* object) const;
 
     /** This engine's copy of the data block that was described last. */
-    void* dataBlock() const { return block.get(); }
+    void* dataBlock() const { return blocks.empty() ? nullptr : blocks.back().get(); }
 
 private:
     static std::int32_t giveManager (std::int32_t code, const SFicRemoteObjectManager** manager);
     static std::int32_t registerObject (void* object, std::int32_t kind);
     static std::int32_t call (void* object, const std::uintptr_t* words, std::int32_t numWords);
 
-    std::unique_ptr<std::uint64_t[]> block;
+    std::vector<std::unique_ptr<std::uint64_t[]>> blocks; // of all workers, which go on with theirs
 };
 
 /** What one call of a worker gets. The ports hold no samples until they are given some. */

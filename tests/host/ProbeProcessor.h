@@ -58,7 +58,10 @@ public:
         if (index >= 0 && index < getNumParameters())
             parameters[static_cast<std::size_t> (index)] = value;
     }
-    const juce::String getParameterName (int index) override { return index == 0 ? "Schärfe" : "Other"; }
+    const juce::String getParameterName (int index) override
+    {
+        return index == 0 ? juce::String::fromUTF8 ("Sch\xC3\xA4rfe") : juce::String ("Other");
+    }
     const juce::String getParameterText (int index) override
     {
         return juce::String (getParameter (index), 2);
