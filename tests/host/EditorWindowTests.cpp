@@ -140,7 +140,6 @@ TEST_F (EditorWindow, TellsANewSizeAndWaitsForTheMouse)
     EXPECT_TRUE (runUntil ([&] { return process.numTokens == 2; }));
     EXPECT_TRUE (runUntilPlaced (window, { 0, 0, 450, 320 }));
 
-    host.resize (window, 450, 320);
     host.pressMouse (true);
     EXPECT_TRUE (runUntil ([&] { return juce::Component::isMouseButtonDownAnywhere(); }));
     editor().setSize (460, 330);

@@ -3,6 +3,8 @@
 
 #include "MessagePump.h"
 
+#include "X11Juce.h"
+
 #include <juce_events/juce_events.h>
 #include <juce_events/native/juce_linux_EventLoopInternal.h>
 #include <poll.h>
@@ -64,6 +66,10 @@ std::vector<int> findReadySources()
         for (const auto& source : sources)
             if (source.revents != 0)
                 ready.push_back (source.fd);
+
+    if (const auto file = X11Juce::getFileWithEvents();
+        file && std::ranges::find (ready, *file) == ready.end())
+        ready.push_back (*file);
 
     return ready;
 }

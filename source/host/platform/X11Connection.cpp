@@ -3,7 +3,7 @@
 
 #include "X11Connection.h"
 
-#include "X11Errors.h"
+#include "X11Juce.h"
 
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
@@ -81,14 +81,14 @@ X11Connection::X11Connection (_XDisplay* openDisplay)
     : display (openDisplay),
       keys (std::make_unique<Keys>())
 {
-    X11Errors::ignoreErrorsOf (*display);
+    X11Juce::ignoreErrorsOf (*display);
     juce::LinuxEventLoop::registerFdCallback (ConnectionNumber (display), [this] (int) { readEvents(); });
 }
 
 X11Connection::~X11Connection()
 {
     juce::LinuxEventLoop::unregisterFdCallback (ConnectionNumber (display));
-    X11Errors::stopIgnoring();
+    X11Juce::stopIgnoringErrors();
     XCloseDisplay (display);
 }
 
@@ -132,7 +132,7 @@ std::unique_ptr<X11Connection::WindowState> X11Connection::getState (WindowId wi
 void X11Connection::keepKeysOf (WindowId juceWindow)
 {
     // What JUCE's connection has not sent yet, the server does not know.
-    X11Errors::completeJuceRequests();
+    X11Juce::completeRequests();
     XSelectInput (display, juceWindow, KeyPressMask);
     XFlush (display);
 }
@@ -214,7 +214,7 @@ void X11Connection::readEvents()
 void X11Connection::readEventsLater()
 {
     // Events that came along with an answer no longer make the connection look readable.
-    if (XEventsQueued (display, QueuedAlready) > 0)
+    if (XEventsQueued (display, QueuedAfterReading) > 0)
         juce::MessageManager::callAsync (
             [connection = weak_from_this()]
             {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "X11Errors.h"
+#include "X11Juce.h"
 
 // JUCE shows its connection only together with the headers of Xlib.
 #define JUCE_GUI_BASICS_INCLUDE_XHEADERS 1
@@ -29,15 +29,15 @@ int handleError (Display* connection, XErrorEvent* error)
 }
 } // namespace
 
-void X11Errors::ignoreErrorsOf (_XDisplay& connection)
+void X11Juce::ignoreErrorsOf (_XDisplay& connection)
 {
     ownConnection = &connection;
     previousHandler = XSetErrorHandler (handleError);
 }
 
-void X11Errors::stopIgnoring()
+void X11Juce::stopIgnoringErrors()
 {
-    completeJuceRequests();
+    completeRequests();
     XSync (ownConnection, False);
 
     // Somebody may have put a handler on top meanwhile, which calls this one: it stays.
@@ -47,8 +47,16 @@ void X11Errors::stopIgnoring()
     ownConnection = nullptr;
 }
 
-void X11Errors::completeJuceRequests()
+void X11Juce::completeRequests()
 {
     if (auto* connection = juceConnection())
         XSync (connection, False);
+}
+
+std::optional<int> X11Juce::getFileWithEvents()
+{
+    if (auto* connection = juceConnection(); connection != nullptr && XPending (connection) > 0)
+        return ConnectionNumber (connection);
+
+    return {};
 }
