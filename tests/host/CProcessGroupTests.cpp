@@ -435,7 +435,8 @@ TEST_P (CProcessGroupService, MayBeMissing)
     EXPECT_EQ (gOurFicServer != nullptr, GetParam().hasServer);
     EXPECT_EQ (gOurTokenTask != nullptr, GetParam().hasTask);
 
-    EXPECT_EQ (group.FreeProcess (nativeCode, 1), GetParam().result == ficSuccess ? ficSuccess : ficUnknownProcess);
+    EXPECT_EQ (group.FreeProcess (nativeCode, 1),
+               GetParam().result == ficSuccess ? ficSuccess : ficUnknownProcess);
     expectNothingHeld();
 }
 
