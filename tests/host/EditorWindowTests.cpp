@@ -30,9 +30,12 @@ constexpr GrafPtr noNumber = ~GrafPtr { 0 }; // not even a number of a window
 class EditorWindow : public testing::Test
 {
 protected:
+    EditorWindow() { host.begin(); }
+
     ~EditorWindow() override
     {
         view.reset();
+        host.end();
         EXPECT_TRUE (XHost::handlesErrors());
     }
 
@@ -53,14 +56,26 @@ protected:
         return true;
     }
 
-    bool runUntilPlaced (GrafPtr window, juce::Rectangle<int> bounds)
+    testing::AssertionResult runUntilPlaced (GrafPtr window, juce::Rectangle<int> bounds)
     {
-        return runUntil (
-            [&]
-            {
-                const auto children = host.getChildren (window);
-                return children.size() == 1 && children.front().bounds == bounds && children.front().isShown;
-            });
+        std::vector<XHost::Child> children;
+
+        const auto isPlaced = [&]
+        {
+            children = host.getChildren (window);
+            return children.size() == 1 && children.front().bounds == bounds && children.front().isShown;
+        };
+
+        if (runUntil (isPlaced))
+            return testing::AssertionSuccess();
+
+        auto failure = testing::AssertionFailure()
+                       << "in a window that is " << (host.isShown (window) ? "shown" : "hidden");
+
+        for (const auto& child : children)
+            failure << ", " << child.bounds.toString() << (child.isShown ? " shown" : " hidden");
+
+        return failure << ", the editor is " << (editor().isShowing() ? "shown" : "hidden");
     }
 
     juce::AudioProcessorEditor& editor() { return *processor.getActiveEditor(); }
@@ -82,7 +97,7 @@ protected:
         return window;
     }
 
-    XHost host;
+    XHost& host { XHost::get() };
     MessagePump pump;
     EditorTestProcessor processor;
     CountingSizeSender process;

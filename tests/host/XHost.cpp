@@ -6,6 +6,7 @@
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace
@@ -16,6 +17,19 @@ int countError (Display*, XErrorEvent*)
 {
     ++numErrors;
     return 0;
+}
+
+Window getParent (Display* display, Window window)
+{
+    Window root = None;
+    Window parent = None;
+    Window* children = nullptr;
+    unsigned int numChildren = 0;
+
+    if (XQueryTree (display, window, &root, &parent, &children, &numChildren) != 0 && children != nullptr)
+        XFree (children);
+
+    return parent;
 }
 
 Display* openDisplay()
@@ -30,13 +44,31 @@ Display* openDisplay()
 XHost::XHost()
     : display (openDisplay())
 {
-    numErrors = 0;
-    XSetErrorHandler (countError);
 }
 
 XHost::~XHost()
 {
     XCloseDisplay (display);
+}
+
+XHost& XHost::get()
+{
+    static XHost host;
+    return host;
+}
+
+void XHost::begin()
+{
+    getKeys();
+    keys.clear();
+    numErrors = 0;
+    XSetErrorHandler (countError);
+}
+
+void XHost::end()
+{
+    while (! topWindows.empty())
+        destroy (topWindows.back());
 }
 
 GrafPtr XHost::makeWindow (int width, int height, GrafPtr parent)
@@ -52,6 +84,10 @@ GrafPtr XHost::makeWindow (int width, int height, GrafPtr parent)
                                              0);
     XSelectInput (display, window, StructureNotifyMask | (parent == 0 ? KeyPressMask | KeyReleaseMask : 0));
     show (window);
+
+    if (parent == 0)
+        topWindows.push_back (window);
+
     return window;
 }
 
@@ -65,9 +101,12 @@ void XHost::show (GrafPtr window)
 
 void XHost::hide (GrafPtr window)
 {
+    const auto hasFrame = getParent (display, window) != DefaultRootWindow (display)
+                          && std::ranges::find (topWindows, window) != topWindows.end();
     XUnmapWindow (display, window);
 
-    for (XEvent event {}; event.type != UnmapNotify;)
+    // To be shown again too soon, before the window manager has taken its frame away, gets lost.
+    for (XEvent event {}; event.type != (hasFrame ? ReparentNotify : UnmapNotify);)
         XWindowEvent (display, window, StructureNotifyMask, &event);
 }
 
@@ -79,8 +118,15 @@ void XHost::resize (GrafPtr window, int width, int height)
 
 void XHost::destroy (GrafPtr window)
 {
+    std::erase (topWindows, window);
     XDestroyWindow (display, window);
     XSync (display, False);
+}
+
+bool XHost::isShown (GrafPtr window) const
+{
+    XWindowAttributes attributes {};
+    return XGetWindowAttributes (display, window, &attributes) != 0 && attributes.map_state == IsViewable;
 }
 
 std::vector<XHost::Child> XHost::getChildren (GrafPtr window) const

@@ -16,8 +16,17 @@ struct _XDisplay;
 class XHost
 {
 public:
-    XHost();
+    /** The one for all tests of a program: a window manager takes a new window for an old one that had its
+       number, and the server gives the numbers of a connection that was closed to the next. */
+    static XHost& get();
+
     ~XHost();
+
+    /** Forgets keys and errors, and hears of errors from now on. */
+    void begin();
+
+    /** Destroys what windows there are. */
+    void end();
 
     /** A window that is on the screen, in another or by itself. */
     GrafPtr makeWindow (int width, int height, GrafPtr parent = 0);
@@ -26,6 +35,9 @@ public:
     void hide (GrafPtr window);
     void resize (GrafPtr window, int width, int height);
     void destroy (GrafPtr window);
+
+    /** Itself and all that it stands in. */
+    bool isShown (GrafPtr window) const;
 
     struct Child
     {
@@ -67,6 +79,9 @@ public:
     XHost& operator= (const XHost&) = delete;
 
 private:
+    XHost();
+
     _XDisplay* const display;
     std::vector<Key> keys;
+    std::vector<GrafPtr> topWindows;
 };
