@@ -19,7 +19,7 @@ struct GuardedXml
 };
 
 /** The longest text that is read, in bytes. */
-inline constexpr std::size_t maxXmlTextBytes = 256 * 1024;
+inline constexpr std::size_t maxXmlTextBytes = std::size_t { 256 } * 1024;
 
 /** The deepest nesting of elements that is read; the outermost element counts as 1. */
 inline constexpr int maxXmlDepth = 32;
