@@ -20,6 +20,17 @@ die() {
     exit 1
 }
 
+# lock_builds: keeps other ./run and ./check out of the build folders, until unlock_builds or the end. Waits for them.
+lock_builds() {
+    mkdir -p "$project_root/build"
+    exec 9>"$project_root/build/lock"
+    flock --nonblock 9 && return
+    say "Waiting for another ./run or ./check in this checkout ..."
+    flock 9
+}
+
+unlock_builds() { exec 9>&-; }
+
 # log_path NAME: where the step of that name writes what its command prints.
 log_path() { printf '%s/%s.log' "$log_folder" "${1//[^A-Za-z0-9]/-}"; }
 
