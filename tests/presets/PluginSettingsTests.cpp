@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The settings file: first run, damage, and several instances and processes that share it.
 
 #include "PresetFixture.h"
 
@@ -146,6 +148,43 @@ TEST_F (PluginSettings, AnUnreadableFileIsPutAside)
     EXPECT_EQ (WideLoomAudioProcessor().getDefaultEditorHeight(), 450);
     EXPECT_EQ (valueIn (home.settingsFile(), ratioKey), "0.5");
     EXPECT_EQ (readFile (home.settingsFile().getSiblingFile ("WideLoom.q7properties.unreadable")), damaged);
+}
+
+TEST_F (PluginSettings, AnUnreadableFileStaysInItsPlaceWhenTheDiskIsFull)
+{
+    const std::string damaged = "<PROPERTIES><VALUE name=\"Presets Folder\"";
+    const auto aside = home.settingsFile().getSiblingFile ("WideLoom.q7properties.unreadable");
+    const auto numFiles = [this]
+    { return home.settingsFile().getParentDirectory().getNumberOfChildFiles (juce::File::findFiles); };
+    writeFile (home.settingsFile(), damaged);
+
+    for (const bool hasOneAside : { false, true })
+    {
+        if (hasOneAside)
+            writeFile (aside, "older");
+
+        {
+            const ScopedFileSizeLimit full (1);
+            EXPECT_EQ (WideLoomAudioProcessor().getDefaultEditorHeight(), 450);
+        }
+
+        EXPECT_EQ (readFile (home.settingsFile()), damaged);
+        EXPECT_EQ (readFile (aside), hasOneAside ? "older" : "");
+        EXPECT_EQ (numFiles(), hasOneAside ? 2 : 1) << "nothing half-written stays";
+    }
+
+    // With room on the disk again, both stay apart.
+    EXPECT_EQ (WideLoomAudioProcessor().getDefaultEditorHeight(), 450);
+    EXPECT_EQ (valueIn (home.settingsFile(), ratioKey), "0.5");
+    EXPECT_EQ (readFile (aside), "older");
+    juce::StringArray contents;
+
+    for (const auto& file :
+         home.settingsFile().getParentDirectory().findChildFiles (juce::File::findFiles, false))
+        contents.add (readFile (file));
+
+    EXPECT_EQ (contents.size(), 3);
+    EXPECT_TRUE (contents.contains (damaged));
 }
 
 TEST_F (PluginSettings, WorksWhereNothingCanBeWritten)

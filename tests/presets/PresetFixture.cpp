@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Makes and removes the home, and collects what a host is told.
 
 #include "PresetFixture.h"
 

@@ -7,7 +7,9 @@
 
 #include <engine/WideLoomAudioProcessor.h>
 
+#include <csignal>
 #include <string>
+#include <sys/resource.h>
 
 /** HOME in a fresh folder while it lives. */
 class PresetHome
@@ -62,6 +64,32 @@ float liveValue (const WideLoomAudioProcessor& processor, const juce::String& na
 
 /** Saves the current preset with the given width under a name. */
 void savePreset (WideLoomAudioProcessor& processor, const juce::String& name, float width);
+
+/** No file of this process grows beyond a size while this lives: the disk seems full. */
+class ScopedFileSizeLimit
+{
+public:
+    explicit ScopedFileSizeLimit (rlim_t bytes)
+        : previousHandler (std::signal (SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit (RLIMIT_FSIZE, &previous);
+        const rlimit limit { bytes, previous.rlim_max };
+        ::setrlimit (RLIMIT_FSIZE, &limit);
+    }
+
+    ~ScopedFileSizeLimit()
+    {
+        ::setrlimit (RLIMIT_FSIZE, &previous);
+        std::signal (SIGXFSZ, previousHandler);
+    }
+
+    ScopedFileSizeLimit (const ScopedFileSizeLimit&) = delete;
+    ScopedFileSizeLimit& operator= (const ScopedFileSizeLimit&) = delete;
+
+private:
+    rlimit previous {};
+    void (*previousHandler) (int);
+};
 
 void writeFile (const juce::File& file, const std::string& bytes);
 std::string readFile (const juce::File& file);

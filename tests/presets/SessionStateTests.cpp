@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The session block: its bytes, its way through another instance, and blocks that are bad.
 
 #include "PresetFixture.h"
 
@@ -135,6 +137,43 @@ TEST_F (SessionState, RestoresAnotherInstance)
     other.undoLastParameterChange();
     EXPECT_FALSE (other.canUndo()) << "restoring opens no step of its own";
     EXPECT_EQ (other.getCurrentPresetName(), "Init*");
+}
+
+TEST_F (SessionState, RestoresOverAModifiedPresetAndKeepsTheMark)
+{
+    WideLoomAudioProcessor other;
+    other.loadFactoryPresetUndoableWithID (2);
+    juce::MemoryBlock block;
+    other.getStateInformation (block);
+
+    savePreset (processor, "Mine", 0.75f);
+    processor.setParamAndNotifyHost ("Mono", 1.0f, true);
+    processor.setParamAndNotifyHost ("Pan", 0.9f, false);
+    ASSERT_EQ (processor.getCurrentPresetName(), "Mine*");
+    const int position = processor.getCurrentPresetID();
+    processor.setStateInformation (block.getData(), static_cast<int> (block.getSize()));
+
+    const auto expectRestored = [&] (const char* when)
+    {
+        EXPECT_EQ (processor.getCurrentPresetName(), other.getCurrentPresetName() + "*") << when;
+        EXPECT_EQ (processor.getCurrentPresetID(), position)
+            << "with its mark the name is in no list" << when;
+
+        for (const auto& row : parameterTable)
+        {
+            EXPECT_EQ (liveValue (processor, row.name), liveValue (other, row.name)) << row.name << when;
+            EXPECT_EQ (treeValue (processor, row.name), liveValue (other, row.name)) << row.name << when;
+        }
+    };
+
+    expectRestored (" after restoring");
+    EXPECT_EQ (processor.getCurrentPresetID(), position) << "with its mark the name is in no list";
+    EXPECT_TRUE (processor.currentPresetIsFactory());
+    processor.undoLastParameterChange();
+    EXPECT_EQ (treeValue (processor, "Pan"), liveValue (processor, "Pan"));
+    EXPECT_EQ (liveValue (processor, "Mono"), 1.0f) << "the step that was closed before";
+    processor.redoLastParameterChange();
+    expectRestored (" after redo");
 }
 
 TEST_F (SessionState, MissingAttributesHaveTheirDefaults)

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Preset files byte by byte: both forms, damage, and names that are no file names.
 
 #include <gtest/gtest.h>
 #include <presets/UserPresetFile.h>
@@ -108,6 +110,21 @@ INSTANTIATE_TEST_SUITE_P (Files,
                           UserPresetFileBytes,
                           testing::ValuesIn (fileCases()),
                           [] (const auto& row) { return std::string (row.param.name); });
+
+TEST (UserPresetFile, LeavesOutTextBetweenElements)
+{
+    constexpr int numElements = 5000;
+    std::string children;
+
+    for (int i = 0; i < numElements; ++i)
+        children += "text <!-- --> &amp;<e/>\n";
+
+    const auto contents = UserPresetFile::read (
+        marker + zero + presetText (children + "text<Parameter ParameterName='Pan' Value='0.25'/>text"));
+    ASSERT_TRUE (contents.tree.isValid()) << contents.error;
+    EXPECT_EQ (contents.tree.getNumChildren(), numElements + 1);
+    EXPECT_EQ (contents.tree.getChildWithProperty ("ParameterName", "Pan")["Value"].toString(), "0.25");
+}
 
 TEST (UserPresetFile, WritesBothFormsAsLaidDown)
 {

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Saving, loading and listing user presets, with every step made to fail.
 
 #include "PresetFixture.h"
 
@@ -7,10 +9,8 @@
 #include <presets/UserPresetFile.h>
 
 #include <clocale>
-#include <csignal>
 #include <cstdlib>
 #include <functional>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -34,32 +34,6 @@ protected:
 
     PresetHome home;
     WideLoomAudioProcessor processor;
-};
-
-/** No file of this process grows beyond a size while this lives: the disk seems full. */
-class ScopedFileSizeLimit
-{
-public:
-    explicit ScopedFileSizeLimit (rlim_t bytes)
-        : previousHandler (std::signal (SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit (RLIMIT_FSIZE, &previous);
-        const rlimit limit { bytes, previous.rlim_max };
-        ::setrlimit (RLIMIT_FSIZE, &limit);
-    }
-
-    ~ScopedFileSizeLimit()
-    {
-        ::setrlimit (RLIMIT_FSIZE, &previous);
-        std::signal (SIGXFSZ, previousHandler);
-    }
-
-    ScopedFileSizeLimit (const ScopedFileSizeLimit&) = delete;
-    ScopedFileSizeLimit& operator= (const ScopedFileSizeLimit&) = delete;
-
-private:
-    rlimit previous {};
-    void (*previousHandler) (int);
 };
 
 struct BadName
