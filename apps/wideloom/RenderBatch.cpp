@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Starts processes, waits for them, and tells of those that failed.
 
 #include "RenderBatch.h"
 
@@ -73,21 +75,31 @@ private:
     std::map<pid_t, std::size_t> running;
 };
 
-ExitStatus reportFailures (const std::vector<RenderOptions::Task>& tasks, const std::vector<bool>& done)
+enum class Outcome
 {
-    const auto numFailed = std::count (done.begin(), done.end(), false);
+    notStarted, ///< because of an interruption
+    failed,
+    done
+};
 
-    if (numFailed == 0)
-        return ExitStatus::success;
+/** One message with the names of all files with that outcome, if there are any. */
+void nameFiles (const std::vector<RenderOptions::Task>& tasks,
+                const std::vector<Outcome>& outcomes,
+                Outcome outcome,
+                const char* what)
+{
+    const auto count = std::count (outcomes.begin(), outcomes.end(), outcome);
 
-    auto text = std::to_string (numFailed) + " of " + std::to_string (tasks.size()) + " files failed:";
+    if (count == 0)
+        return;
+
+    auto text = std::to_string (count) + " of " + std::to_string (tasks.size()) + " files " + what + ":";
 
     for (std::size_t i = 0; i < tasks.size(); ++i)
-        if (! done[i])
+        if (outcomes[i] == outcome)
             text += "\n  " + tasks[i].input;
 
     printError (text);
-    return ExitStatus::failure;
 }
 } // namespace
 
@@ -95,7 +107,7 @@ ExitStatus runRenderBatch (const RenderOptions& options, const std::vector<Rende
 {
     const auto cores = std::max (1u, std::thread::hardware_concurrency());
     const auto numJobs = options.numJobs > 0 ? static_cast<std::size_t> (options.numJobs) : cores;
-    std::vector<bool> done (tasks.size());
+    std::vector<Outcome> outcomes (tasks.size(), Outcome::notStarted);
     std::size_t next = 0, numEnded = 0;
     bool wasPassedOn = false;
     Children children;
@@ -111,6 +123,8 @@ ExitStatus runRenderBatch (const RenderOptions& options, const std::vector<Rende
 
         if (next < tasks.size() && children.count() < numJobs && ! wasInterrupted())
         {
+            outcomes[next] = Outcome::failed; // Until it is done.
+
             if (const auto problem = children.start (next, options.argumentsFor (tasks[next])))
                 printError ("'" + tasks[next].input + "': " + *problem);
 
@@ -123,10 +137,14 @@ ExitStatus runRenderBatch (const RenderOptions& options, const std::vector<Rende
 
         if (children.waitForOne (task, succeeded))
         {
-            done[task] = succeeded;
+            outcomes[task] = succeeded ? Outcome::done : Outcome::failed;
             bar.show (static_cast<std::int64_t> (++numEnded), static_cast<std::int64_t> (tasks.size()));
         }
     }
 
-    return reportFailures (tasks, done);
+    nameFiles (tasks, outcomes, Outcome::failed, "failed");
+    nameFiles (tasks, outcomes, Outcome::notStarted, "were not started");
+    const bool isComplete =
+        std::all_of (outcomes.begin(), outcomes.end(), [] (auto o) { return o == Outcome::done; });
+    return isComplete ? ExitStatus::success : ExitStatus::failure;
 }
