@@ -1,7 +1,14 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The table of file extensions, and what each container can hold.
 
 #include "AudioFileKind.h"
+
+#include "NumberText.h"
+
+#include <algorithm>
+#include <string>
 
 namespace
 {
@@ -21,12 +28,18 @@ constexpr int deepestIntegerBits = 24;
 constexpr int shallowestFlacBits = 16;
 } // namespace
 
-std::optional<AudioContainer> containerForFileName (const juce::String& fileName)
+std::optional<AudioContainer> containerForFileName (std::string_view fileName)
 {
-    const auto extension = fileName.fromLastOccurrenceOf (".", false, false);
+    const auto dot = fileName.rfind ('.');
+
+    if (dot == std::string_view::npos)
+        return {};
+
+    std::string extension (fileName.substr (dot + 1));
+    std::transform (extension.begin(), extension.end(), extension.begin(), toLower);
 
     for (const auto& row : extensionTable)
-        if (fileName.containsChar ('.') && extension.equalsIgnoreCase (row.extension))
+        if (extension == row.extension)
             return row.container;
 
     return {};

@@ -9,6 +9,7 @@
 
 #include <memory>
 #include <optional>
+#include <string_view>
 
 enum class AudioContainer
 {
@@ -27,7 +28,7 @@ struct SampleFormat
 };
 
 /** The container that a file name's extension stands for; none for an extension that is none of ours. */
-std::optional<AudioContainer> containerForFileName (const juce::String& fileName);
+std::optional<AudioContainer> containerForFileName (std::string_view fileName);
 
 /** The extensions that containerForFileName() knows, as a sentence wants them. */
 juce::String knownAudioExtensions();

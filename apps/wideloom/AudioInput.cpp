@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Tells the formats apart by their first bytes, and puts a reader on top of the bytes.
 
 #include "AudioInput.h"
 
@@ -10,6 +12,7 @@
 
 #include <array>
 #include <cstring>
+#include <utility>
 
 namespace
 {
@@ -32,23 +35,18 @@ Problem containerOf (const ByteSource& bytes, AudioContainer& container)
 }
 } // namespace
 
-std::unique_ptr<AudioInput> AudioInput::open (const juce::String& name, juce::String& problem)
+std::unique_ptr<AudioInput> AudioInput::open (const std::string& path, Problem& problem)
 {
-    const auto path = name.toStdString();
     std::unique_ptr<AudioInput> input (new AudioInput);
-    Problem found;
-    input->name = name;
-    input->bytes = ByteSource::open (path, found);
+    problem.reset();
+    input->name = inputName (path);
+    input->bytes = ByteSource::open (path, problem);
 
-    if (! found)
-        if (found = input->createReader(); found)
-            found = inputName (path) + ": " + *found;
+    if (! problem)
+        if (problem = input->createReader(); problem)
+            problem = input->name + ": " + *problem;
 
-    if (! found)
-        return input;
-
-    problem = juce::String::fromUTF8 (found->c_str());
-    return nullptr;
+    return problem ? nullptr : std::move (input);
 }
 
 Problem AudioInput::createReader()

@@ -11,6 +11,7 @@
 #include <juce_audio_formats/juce_audio_formats.h>
 
 #include <memory>
+#include <string>
 
 class SampleDataStream;
 
@@ -23,9 +24,10 @@ class AudioInput
 public:
     /** Opens a file, or standard input for "-". None on failure; `problem` then says what is wrong with which
        file and what would be right. A file that ends before its header says so is refused. */
-    static std::unique_ptr<AudioInput> open (const juce::String& name, juce::String& problem);
+    static std::unique_ptr<AudioInput> open (const std::string& path, Problem& problem);
 
-    const juce::String& getName() const noexcept { return name; }
+    /** How messages name it: the path in quotes, or "standard input". */
+    const std::string& getName() const noexcept { return name; }
     double getSampleRate() const noexcept { return reader->sampleRate; } ///< Hz
     juce::int64 getNumFrames() const noexcept { return reader->lengthInSamples; }
     int getNumFileChannels() const noexcept { return static_cast<int> (reader->numChannels); } ///< 1 or 2
@@ -40,7 +42,7 @@ private:
     AudioInput() = default;
     Problem createReader();
 
-    juce::String name;
+    std::string name;
     std::unique_ptr<ByteSource> bytes;
     SampleDataStream* stream = nullptr; ///< owned by the reader
     std::unique_ptr<juce::AudioFormatReader> reader;

@@ -1,60 +1,49 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Reads each file once for its figures and, for a picture, once more.
 
 #include "MeasureCommand.h"
 
 #include "AudioInput.h"
 #include "FiguresTable.h"
+#include "FileDescriptors.h"
 #include "Goniometer.h"
 #include "Interruption.h"
+#include "ReadableText.h"
 #include "StereoMeasurement.h"
+#include "TargetFile.h"
 
 #include <CLI/CLI.hpp>
 #include <juce_graphics/juce_graphics.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 
 namespace
 {
-juce::File fileOf (const std::string& path)
+Problem writePicture (const juce::Image& image, TargetFile& target)
 {
-    return juce::File::getCurrentWorkingDirectory().getChildFile (juce::String::fromUTF8 (path.c_str()));
+    juce::MemoryOutputStream png;
+
+    if (! juce::PNGImageFormat().writeImageToStream (image, png)
+        || ! writeFully (target.getDescriptor(), png.getData(), png.getDataSize()))
+        return target.getName() + " cannot be written: " + systemError();
+
+    return target.commit();
 }
 
-juce::Result writePicture (const juce::Image& image, const juce::File& target)
-{
-    juce::TemporaryFile temporary (target);
-
-    {
-        juce::FileOutputStream stream (temporary.getFile());
-
-        if (! stream.openedOk())
-            return stream.getStatus();
-
-        if (! juce::PNGImageFormat().writeImageToStream (image, stream))
-            return juce::Result::fail ("the picture cannot be written");
-
-        stream.flush();
-
-        if (stream.getStatus().failed())
-            return stream.getStatus();
-    }
-
-    return temporary.overwriteTargetFileWithTemporary()
-               ? juce::Result::ok()
-               : juce::Result::fail ("the picture cannot be put in place");
-}
 /** Opens the file, calls `prepare (sampleRate)` and then `consume (left, right, numSamples)` block by block.
  */
 template <typename Prepare, typename Consume>
-juce::Result readStereo (const std::string& path, Prepare&& prepare, Consume&& consume)
+Problem readStereo (const std::string& path, Prepare&& prepare, Consume&& consume)
 {
-    juce::String problem;
-    const auto input = AudioInput::open (juce::String::fromUTF8 (path.c_str()), problem);
+    Problem problem;
+    const auto input = AudioInput::open (path, problem);
 
-    if (input == nullptr)
-        return juce::Result::fail (problem);
+    if (problem)
+        return problem;
 
     prepare (input->getSampleRate());
     constexpr int blockSize = 8192;
@@ -63,18 +52,18 @@ juce::Result readStereo (const std::string& path, Prepare&& prepare, Consume&& c
     for (juce::int64 position = 0; position < input->getNumFrames(); position += blockSize)
     {
         if (wasInterrupted())
-            return juce::Result::fail (input->getName() + ": interrupted");
+            return input->getName() + ": interrupted";
 
         const auto count =
             static_cast<int> (std::min<juce::int64> (blockSize, input->getNumFrames() - position));
 
         if (! input->read (block, position, count))
-            return juce::Result::fail (input->getName() + ": cannot be read to its end");
+            return input->getName() + ": it cannot be read to its end; the disk or the network failed";
 
         consume (block.getReadPointer (0), block.getReadPointer (1), count);
     }
 
-    return juce::Result::ok();
+    return {};
 }
 
 struct MeasuredFile
@@ -84,11 +73,11 @@ struct MeasuredFile
     StereoFigures figures;
 };
 
-juce::Result measureFile (const std::string& path, MeasuredFile& measured)
+Problem measureFile (const std::string& path, MeasuredFile& measured)
 {
-    measured.name = juce::String::fromUTF8 (path.c_str());
+    measured.name = readableText (path);
     StereoMeasurement measurement;
-    auto result = readStereo (
+    auto problem = readStereo (
         path,
         [&] (double sampleRate)
         {
@@ -97,21 +86,32 @@ juce::Result measureFile (const std::string& path, MeasuredFile& measured)
         },
         [&] (const float* left, const float* right, int count) { measurement.add (left, right, count); });
     measured.figures = measurement.result();
-    return result;
+    return problem;
 }
 
 /** Reads the file a second time, because the peak of the whole decides on the scale. */
-juce::Result drawPicture (const std::string& path, const MeasuredFile& measured, const juce::File& picture)
+Problem drawPicture (const std::string& path,
+                     const MeasuredFile& measured,
+                     const std::filesystem::path& picture,
+                     bool replace)
 {
+    Problem problem;
+    const auto target = TargetFile::create (picture.string(), replace, problem);
+
+    if (problem)
+        return problem;
+
     Goniometer goniometer (std::max (measured.figures.leftPeakDb, measured.figures.rightPeakDb));
-    auto result = readStereo (
+    problem = readStereo (
         path,
         [] (double) {},
         [&] (const float* left, const float* right, int count) { goniometer.add (left, right, count); });
 
-    return result.failed()
-               ? result
-               : writePicture (goniometer.draw (fileOf (path).getFileName(), measured.figures), picture);
+    if (problem)
+        return problem;
+
+    const auto title = readableText (std::filesystem::path (path).filename().string());
+    return writePicture (goniometer.draw (title, measured.figures), *target);
 }
 
 std::string jsonText (const std::vector<MeasuredFile>& files)
@@ -140,71 +140,68 @@ std::string tableText (const std::vector<MeasuredFile>& files)
 
     return rows.empty() ? std::string() : figuresTable (rows).toStdString();
 }
-} // namespace
-
-std::vector<juce::File> pictureFiles (const MeasureOptions& options, juce::String& error)
+std::filesystem::path wholePath (const std::filesystem::path& path)
 {
-    std::vector<juce::File> pictures;
+    std::error_code ignored;
+    return std::filesystem::absolute (path, ignored).lexically_normal();
+}
 
+/** Where the picture of each file goes: the name asked for when there is one file, else that name with "-"
+   and the name of the file before its extension. A problem when a name does not end in ".png", when two files
+    would share a picture, or when a picture would replace one of the files. */
+Problem findPictures (const MeasureOptions& options, std::vector<std::filesystem::path>& pictures)
+{
     if (! options.picture)
-        return pictures;
-
-    const auto pattern = fileOf (*options.picture);
-
-    if (! pattern.hasFileExtension ("png"))
-    {
-        error = "--picture takes a name that ends in .png, not \""
-                + juce::String::fromUTF8 (options.picture->c_str()) + "\"";
         return {};
-    }
+
+    const std::filesystem::path pattern (*options.picture);
+    const auto extension = pattern.extension().string();
+
+    if (! readableText (extension).equalsIgnoreCase (".png"))
+        return "--picture takes a name that ends in .png, not '" + *options.picture + "'";
 
     for (const auto& path : options.files)
     {
-        const auto name = options.files.size() == 1 ? pattern.getFileName()
-                                                    : pattern.getFileNameWithoutExtension() + "-"
-                                                          + fileOf (path).getFileNameWithoutExtension()
-                                                          + pattern.getFileExtension();
-        const auto picture = pattern.getSiblingFile (name);
+        auto picture = pattern;
+
+        if (options.files.size() > 1)
+            picture.replace_filename (pattern.stem().string() + "-"
+                                      + std::filesystem::path (path).stem().string() + extension);
 
         if (std::find (pictures.begin(), pictures.end(), picture) != pictures.end())
-        {
-            error = "two files would share the picture " + picture.getFullPathName()
-                    + "; measure them one at a time";
-            return {};
-        }
+            return "two files would share the picture '" + picture.string() + "'; measure them one at a time";
 
         for (const auto& other : options.files)
-            if (fileOf (other) == picture)
-            {
-                error =
-                    "the picture would replace " + picture.getFullPathName() + ", which is to be measured";
-                return {};
-            }
+            if (wholePath (other) == wholePath (picture))
+                return "the picture would replace '" + picture.string() + "', which is to be measured";
 
         pictures.push_back (picture);
     }
 
-    return pictures;
+    return {};
 }
+} // namespace
 
 MeasureOutcome runMeasure (const MeasureOptions& options)
 {
     MeasureOutcome outcome;
-    const auto fail = [&outcome] (ExitStatus status, const juce::String& message)
+    const auto fail = [&outcome] (ExitStatus status, const std::string& message)
     {
         outcome.status = status;
-        outcome.errors.push_back (message.toStdString());
+        outcome.errors.push_back (message);
     };
 
-    juce::String error;
-    const auto pictures = pictureFiles (options, error);
+    std::vector<std::filesystem::path> pictures;
 
-    if (error.isNotEmpty())
-        fail (ExitStatus::wrongUsage, error);
+    if (const auto problem = findPictures (options, pictures))
+        fail (ExitStatus::wrongUsage, *problem);
+
+    // Before any work is done; a picture that comes to be meanwhile is noticed, too.
+    std::error_code ignored;
 
     for (const auto& picture : pictures)
-        if (picture.exists() && ! options.force)
-            fail (ExitStatus::failure, picture.getFullPathName() + ": exists already; --force replaces it");
+        if (! options.force && std::filesystem::exists (picture, ignored))
+            fail (ExitStatus::failure, "'" + picture.string() + "' exists already; --force replaces it");
 
     if (outcome.status != ExitStatus::success)
         return outcome;
@@ -216,9 +213,9 @@ MeasureOutcome runMeasure (const MeasureOptions& options)
         const auto& path = options.files[i];
         MeasuredFile row;
 
-        if (const auto result = measureFile (path, row); result.failed())
+        if (const auto problem = measureFile (path, row))
         {
-            fail (ExitStatus::failure, result.getErrorMessage());
+            fail (ExitStatus::failure, *problem);
             continue;
         }
 
@@ -227,8 +224,8 @@ MeasureOutcome runMeasure (const MeasureOptions& options)
         if (pictures.empty())
             continue;
 
-        if (const auto result = drawPicture (path, row, pictures[i]); result.failed())
-            fail (ExitStatus::failure, pictures[i].getFullPathName() + ": " + result.getErrorMessage());
+        if (const auto problem = drawPicture (path, row, pictures[i], options.force))
+            fail (ExitStatus::failure, *problem);
     }
 
     outcome.text = options.json ? jsonText (measured) : tableText (measured);

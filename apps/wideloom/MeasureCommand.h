@@ -7,8 +7,6 @@
 
 #include "Command.h"
 
-#include <juce_core/juce_core.h>
-
 #include <optional>
 #include <string>
 #include <vector>
@@ -30,11 +28,5 @@ struct MeasureOutcome
 
 /** Measures the files and draws the pictures. A file that fails does not stop the others. */
 MeasureOutcome runMeasure (const MeasureOptions& options);
-
-/** Where the picture of each file goes: the name asked for when there is one file, else that name with "-"
-   and the name of the file before its extension. Fails when a name does not end in ".png", when two files
-   would share a picture, or when a picture would replace one of the files; the message then stands in
-   `error`. */
-std::vector<juce::File> pictureFiles (const MeasureOptions& options, juce::String& error);
 
 void addMeasureCommand (CLI::App& program, ExitStatus& status);

@@ -1,13 +1,15 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Reads no more of a file than a preset or a block can be long, and names what is wrong with it.
 
 #include "PresetInput.h"
 
 #include "PresetListing.h"
-#include "presets/PresetFileAccess.h"
 #include "presets/SessionBlock.h"
 
 #include <filesystem>
+#include <fstream>
 #include <optional>
 
 namespace
@@ -27,12 +29,14 @@ Problem readStart (const std::string& path, std::size_t maxBytes, std::string& b
     else if (! std::filesystem::is_regular_file (status))
         return about (path, "it is no plain file");
 
-    auto contents = readFileStart (juce::File (juce::String::fromUTF8 (place.c_str())), maxBytes);
+    std::ifstream file (place, std::ios::binary);
+    bytes.resize (maxBytes);
+    file.read (bytes.data(), static_cast<std::streamsize> (maxBytes));
 
-    if (! contents)
+    if (! file.is_open() || file.bad())
         return about (path, "it cannot be read; look at its permissions");
 
-    bytes = std::move (*contents);
+    bytes.resize (static_cast<std::size_t> (file.gcount()));
     return {};
 }
 } // namespace

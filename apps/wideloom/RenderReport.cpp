@@ -1,9 +1,12 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Puts the report together, with texts for figures that JSON has no number for.
 
 #include "RenderReport.h"
 
 #include "FileDescriptors.h"
+#include "ReadableText.h"
 
 #include <juce_core/juce_core.h>
 
@@ -40,18 +43,14 @@ juce::var peaks (const CrzStereoVuVisuals& meter)
     return object ({ { "left", peak (meter.left) }, { "right", peak (meter.right) } });
 }
 
-juce::var text (const std::string& value)
-{
-    return juce::String::fromUTF8 (value.c_str());
-}
 } // namespace
 
 Problem writeReport (TargetFile& file, const RenderReport& report)
 {
     const auto json =
         juce::JSON::toString (object ({
-                                  { "input", text (report.input) },
-                                  { "output", text (report.output) },
+                                  { "input", readableText (report.input) },
+                                  { "output", readableText (report.output) },
                                   { "sampleRate", report.sampleRate },
                                   { "inputMeter", peaks (report.peaks.input) },
                                   { "outputMeter", peaks (report.peaks.output) },

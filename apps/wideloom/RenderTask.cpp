@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Opens input, output and side files, renders, and lets them stand only when all went well.
 
 #include "RenderTask.h"
 
@@ -84,11 +86,10 @@ Problem renderFile (const RenderOptions& options,
     if (problem)
         return problem;
 
-    juce::String inputProblem;
-    const auto input = AudioInput::open (juce::String::fromUTF8 (task.input.c_str()), inputProblem);
+    const auto input = AudioInput::open (task.input, problem);
 
-    if (input == nullptr)
-        return inputProblem.toStdString();
+    if (problem)
+        return problem;
 
     if (! samples)
     {
@@ -196,9 +197,8 @@ Problem readOutputForm (const RenderOptions& options,
                         AudioContainer& container,
                         std::optional<SampleFormat>& samples)
 {
-    const auto named = output == standardStreamName
-                           ? std::optional (AudioContainer::wav)
-                           : containerForFileName (juce::String::fromUTF8 (output.c_str()));
+    const auto named =
+        output == standardStreamName ? std::optional (AudioContainer::wav) : containerForFileName (output);
 
     if (! named)
         return "'" + output + "' says nothing of its format; its name should end in one of "

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Splits blocks where automation falls, so that each event takes effect at its sample.
 
 #include "Renderer.h"
 
@@ -102,8 +104,7 @@ Problem render (AudioInput& input,
             return "interrupted";
 
         if (! input.read (audio, position, count))
-            return inputName (input.getName().toStdString())
-                   + ": it cannot be read to its end; the disk or the network failed";
+            return input.getName() + ": it cannot be read to its end; the disk or the network failed";
 
         if (observers.input)
             observers.input (left, right, count);

@@ -152,10 +152,11 @@ TEST_P (AudioFilesDamaged, AreRefusedWithTheirNameAndWhatIsWrong)
 {
     const ScratchFolder folder;
     writeWholeFile (folder / "bad.wav", GetParam().bytes);
-    juce::String problem;
+    Problem problem;
     EXPECT_EQ (AudioInput::open (folder / "bad.wav", problem), nullptr);
-    EXPECT_THAT (problem.toStdString(), testing::HasSubstr ("bad.wav"));
-    EXPECT_THAT (problem.toStdString(), testing::HasSubstr (GetParam().hint));
+    ASSERT_TRUE (problem);
+    EXPECT_THAT (*problem,
+                 testing::AllOf (testing::HasSubstr ("bad.wav"), testing::HasSubstr (GetParam().hint)));
 }
 
 INSTANTIATE_TEST_SUITE_P (Rows, AudioFilesDamaged, testing::ValuesIn (damagedRows), formatName);
@@ -177,7 +178,7 @@ class AudioFilesMutilated : public testing::TestWithParam<FormatRow>
 /** Reads what there is to be read of a file. What matters is that it ends. */
 void readIfPossible (const std::string& path)
 {
-    juce::String problem;
+    Problem problem;
 
     if (const auto input = AudioInput::open (path, problem))
     {
@@ -190,7 +191,7 @@ void readIfPossible (const std::string& path)
     }
     else
     {
-        EXPECT_TRUE (problem.isNotEmpty());
+        EXPECT_TRUE (problem);
     }
 }
 
@@ -232,9 +233,10 @@ TEST_P (AudioFilesMutilated, AreRefusedWhenTheyAreCutShort)
     for (const std::size_t missing : { std::size_t { 1 }, std::size_t { 100 }, whole.size() / 2 })
     {
         writeWholeFile (path, whole.substr (0, whole.size() - missing));
-        juce::String problem;
+        Problem problem;
         EXPECT_EQ (AudioInput::open (path, problem), nullptr) << missing;
-        EXPECT_TRUE (problem.contains ("cut short") || problem.contains ("damaged")) << problem;
+        EXPECT_THAT (problem.value_or (""),
+                     testing::AnyOf (testing::HasSubstr ("cut short"), testing::HasSubstr ("damaged")));
     }
 }
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// `wideloom measure`: table, JSON and pictures, and files that are not there or must not be touched.
 
 #include <wideloom/MeasureCommand.h>
 
@@ -138,7 +140,7 @@ TEST_F (MeasureCommand, SaysWhenAPictureCannotBeWritten)
     const auto file = makeFile ("a.wav", 0.5f, 0.5f);
 
     EXPECT_EQ (run ({ .files = { file }, .picture = path ("no such folder/a.png") }), ExitStatus::failure);
-    EXPECT_THAT (errors, HasSubstr ("a.png: "));
+    EXPECT_THAT (errors, HasSubstr ("a.png' cannot be written"));
     EXPECT_THAT (output, HasSubstr ("a.wav")); // the figures are printed all the same
 }
 } // namespace

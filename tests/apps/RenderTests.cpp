@@ -179,24 +179,52 @@ TEST_F (Render, LeavesNothingBehindWhenTheDiskIsFull)
 
 TEST_F (Render, LeavesNothingBehindWhenInterrupted)
 {
-    writeAudio (folder / "in.wav", noise (100), as16Bits);
-    std::vector<std::string> words { "wideloom", "render", folder / "in.wav", folder / "out.wav" };
-    std::vector<char*> arguments;
+    for (const auto* name : { "a.wav", "b.wav" })
+        writeAudio (folder / name, noise (100), as16Bits);
 
-    for (auto& word : words)
-        arguments.push_back (word.data());
-
-    const auto interruptedRun = [&arguments]
+    const auto runInterrupted = [] (std::vector<std::string> words)
     {
+        std::vector<char*> arguments;
+
+        for (auto& word : words)
+            arguments.push_back (word.data());
+
         watchForInterruption();
         std::raise (SIGTERM);
         std::_Exit (
             static_cast<int> (runCommandLine (static_cast<int> (arguments.size()), arguments.data())));
     };
 
+    const std::vector<std::string> one { "wideloom", "render", folder / "a.wav", folder / "out.wav" };
+    const std::vector<std::string> batch { "wideloom",       "render",    folder / "a.wav",
+                                           folder / "b.wav", "--out-dir", folder / "." };
     GTEST_FLAG_SET (death_test_style, "fast");
-    EXPECT_EXIT (interruptedRun(), testing::ExitedWithCode (1), "interrupted");
-    EXPECT_THAT (folder.names(), ElementsAre ("in.wav"));
+    EXPECT_EXIT (runInterrupted (one), testing::ExitedWithCode (1), "interrupted");
+    EXPECT_EXIT (runInterrupted (batch), testing::ExitedWithCode (1), "2 of 2 files were not started:");
+    EXPECT_THAT (folder.names(), ElementsAre ("a.wav", "b.wav"));
+}
+
+TEST_F (Render, TakesFileNamesOfAnyBytes)
+{
+    // Latin-1, as on a disk from long ago, and a byte that no encoding has.
+    const std::string name = "caf\xe9.wav", output = "\xff.wav";
+    writeAudio (folder / "in.wav", noise (100), as16Bits);
+    writeAudio (folder / name, noise (100), as16Bits);
+    succeed ("render in.wav expected.wav --set Pan=L20 --save-state 'state\xe9'");
+    succeed ("render '" + name + "' '" + output + "' --state 'state\xe9' --report report.json");
+    EXPECT_EQ (readWholeFile (folder / output), readWholeFile (folder / "expected.wav"));
+    succeed ("render '" + name + "' in.wav --out-dir 'dir\xe9'");
+    EXPECT_EQ (folder.shell ("ls 'dir\xe9'").output, name + "\nin.wav\n");
+
+    const auto figures = succeed ("measure --json --picture 'p\xe9.png' '" + name + "'").output;
+    const auto report = juce::JSON::parse (juce::String (readWholeFile (folder / "report.json")));
+
+    for (const auto& shown :
+         { juce::JSON::parse (juce::String::fromUTF8 (figures.c_str()))[0]["file"], report["input"] })
+        EXPECT_EQ (shown.toString(), juce::String::fromUTF8 ("caf\xef\xbf\xbd.wav"));
+
+    EXPECT_THAT (folder.names(), testing::Contains ("p\xe9.png"));
+    EXPECT_THAT (run ("render 'none\xe9.wav' b.wav").errors, HasSubstr ("'none\xe9.wav'"));
 }
 
 struct UsageRow

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Goes through the inputs and outputs of wideloom, except for headers written by hand.
 
 #include "TestAudioFiles.h"
 
@@ -25,12 +27,12 @@ void writeAudio (const std::string& path, const StereoSignal& signal, SampleForm
 
 StereoSignal readAudio (const std::string& path)
 {
-    juce::String problem;
+    Problem problem;
     const auto input = AudioInput::open (path, problem);
 
     if (input == nullptr)
     {
-        ADD_FAILURE() << problem;
+        ADD_FAILURE() << *problem;
         return {};
     }
 
@@ -44,9 +46,9 @@ StereoSignal readAudio (const std::string& path)
 
 SampleFormat sampleFormatOf (const std::string& path)
 {
-    juce::String problem;
+    Problem problem;
     const auto input = AudioInput::open (path, problem);
-    EXPECT_NE (input, nullptr) << problem;
+    EXPECT_NE (input, nullptr) << problem.value_or ("");
     return input != nullptr ? input->getSampleFormat() : SampleFormat {};
 }
 
