@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Keeps the fastest run of each row, and prints the rows with their ratios.
 
 #include "MarkdownReporter.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Bass, pad, plucks, kick and noise, and where in the stereo field each of them sits.
 
 #include "DemoMusic.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Goes through the chunks of an AIFF file, down to the 80-bit sample rate.
 
 #include "AiffHeader.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Decodes a FLAC file once from end to end, to see that all of it is there and whole.
 
 #include "AudioFileChecks.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Dithers, rounds and hands over to the writer of the format.
 
 #include "AudioOutput.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Reads lines of position, name and value, and puts them in the order of their positions.
 
 #include "Automation.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Two second-order sections with the poles of a fourth-order Butterworth filter.
 
 #include "ButterworthLowPass.h"
 

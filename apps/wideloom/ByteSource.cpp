@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Opens files as they are; what cannot be read twice is kept in a file without a name.
 
 #include "ByteSource.h"
 

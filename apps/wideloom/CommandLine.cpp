@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The list of the subcommands, and what becomes of usage errors.
 
 #include "CommandLine.h"
 

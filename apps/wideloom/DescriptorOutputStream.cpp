@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Gathers small writes, and keeps the first error.
 
 #include "DescriptorOutputStream.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Prepares the processor, passes parameters and blocks on to it, and reads its meters.
 
 #include "DirectPath.h"
 

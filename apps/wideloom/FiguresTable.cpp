@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The columns of the table, and how their figures are written.
 
 #include "FiguresTable.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Loops around system calls that do less than they were asked for.
 
 #include "FileDescriptors.h"
 

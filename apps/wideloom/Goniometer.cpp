@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Counts visits in a grid of cells, and paints them with frame, axes and figures.
 
 #include "Goniometer.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Finds runs of samples that are on the grid already, and adds noise to the others.
 
 #include "GridAwareDither.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Rounds to the nearest step, limits to the range, and counts what was limited.
 
 #include "IntegerSamples.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Signal handlers that do no more than raise a flag.
 
 #include "Interruption.h"
 

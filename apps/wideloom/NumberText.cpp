@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Takes only the digits, signs and points that people write, where std::from_chars takes more.
 
 #include "NumberText.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Puts names, ranges, defaults and texts of all parameters side by side.
 
 #include "ParameterListing.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Decides which texts a parameter takes, and leaves turning them into values to its mapper.
 
 #include "ParameterText.h"
 

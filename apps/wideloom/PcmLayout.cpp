@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The channels, rates and sample formats that are taken, and the message for a file that ends early.
 
 #include "PcmLayout.h"
 

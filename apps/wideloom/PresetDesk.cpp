@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Asks a processor of its own, so that presets work here as they do in a host.
 
 #include "PresetDesk.h"
 

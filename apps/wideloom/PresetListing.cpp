@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// What a preset sets that differs from "Init", and the stamps that it carries.
 
 #include "PresetListing.h"
 

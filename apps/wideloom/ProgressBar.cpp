@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Draws the bar anew only when it has moved, and wipes it at the end.
 
 #include "ProgressBar.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The options of `wideloom render`, and the order in which they are checked.
 
 #include "RenderCommand.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Finds out which inputs become which outputs, and passes options on to further processes.
 
 #include "RenderOptions.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Looks up what a rendering starts from before any file is opened.
 
 #include "RenderStart.h"
 

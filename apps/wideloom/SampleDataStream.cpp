@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Makes the plain header that stands in for the one in the file.
 
 #include "SampleDataStream.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Sums up squares and products in double precision, frame by frame.
 
 #include "StereoMeasurement.h"
 

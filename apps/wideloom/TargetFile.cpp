@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Writes beside the target and renames, with the care that links, permissions and full disks need.
 
 #include "TargetFile.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Goes through the chunks of a WAV file, the 64-bit sizes of RF64 included.
 
 #include "WavHeader.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Turns values of the table into the switches and choices of a block.
 
 #include "ChainSettings.h"
 

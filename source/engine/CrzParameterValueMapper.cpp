@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// One case for each kind of mapping, in both directions.
 
 #include "CrzParameterValueMapper.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Width, pan curve, pan law and pan mode, worked out as factors.
 
 #include "ImageFactors.h"
 

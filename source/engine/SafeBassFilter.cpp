@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Makes the coefficients, and runs the recurrence with its state in registers.
 
 #include "SafeBassFilter.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Builds the parameter table and takes parameter writes; rendering and presets have files of their own.
 
 #include "WideLoomAudioProcessor.h"
 

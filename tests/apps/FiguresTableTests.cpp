@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The table of figures: columns that line up, and what is said of samples that are not finite.
 
 #include <wideloom/FiguresTable.h>
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// `wideloom params` held against the live parameters.
 
 #include <wideloom/ParameterListing.h>
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The figures of signals whose figures are known, and the low-pass behind one of them.
 
 #include <wideloom/StereoMeasurement.h>
 

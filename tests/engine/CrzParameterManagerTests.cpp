@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The parameter table at indices and names that it does not have.
 
 #include <engine/WideLoomAudioProcessor.h>
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Texts of values and values of texts, for every kind of mapping.
 
 #include "support/Rendering.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Rendering while other threads write and read all that they may.
 
 #include "support/Rendering.h"
 

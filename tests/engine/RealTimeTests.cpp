@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Rendering must not touch the heap or a lock; what counts that must itself catch both.
 
 #include "support/AllocationCounter.h"
 #include "support/Rendering.h"

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The running chain against the plain one, bit for bit, and some samples worked out by hand.
 
 #include "support/PlainChain.h"
 #include "support/TestSignals.h"

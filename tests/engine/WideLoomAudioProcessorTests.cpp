@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The processor as a host sees it: blocks, meters, flags, parameter slots.
 
 #include "support/PlainChain.h"
 #include "support/Rendering.h"

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Sets up a home of its own for the processor, and makes failed assertions end the run.
 
 #include "FuzzProcessor.h"
 

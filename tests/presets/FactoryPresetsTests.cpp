@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The factory presets: their trees, and loading them.
 
 #include "PresetFixture.h"
 

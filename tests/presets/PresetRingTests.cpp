@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Stepping through the ring of factory and user presets while the folder changes.
 
 #include "PresetFixture.h"
 

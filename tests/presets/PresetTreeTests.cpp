@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The preset tree: its making, its recall and the order in which the host hears of it.
 
 #include "PresetFixture.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// What makes an undo step, and what steps bring back, across presets, too.
 
 #include "PresetFixture.h"
 

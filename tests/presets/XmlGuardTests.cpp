@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Texts that the guard before the XML reader must let through, and those that it must not.
 
 #include <gtest/gtest.h>
 #include <juce_data_structures/juce_data_structures.h>

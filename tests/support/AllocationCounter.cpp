@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Takes the place of the heap functions and the mutex lock, and counts while a counter is alive.
 
 #include "AllocationCounter.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The steps of the effect, one sample at a time.
 
 #include "PlainChain.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Makes and removes the folder, and leads what programs print into files.
 
 #include "ScratchFolder.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The kinds of trouble: zeros, denormals, levels over full scale, values that are not finite.
 
 #include "TestSignals.h"
 
