@@ -6,7 +6,7 @@
 
 #include "CProcessGroup.h"
 
-#include "platform/Application.h"
+#include "platform/WindowSystem.h"
 
 CProcessGroup* CProcessGroup::CreateProcessGroup()
 {

@@ -4,6 +4,7 @@
 #include "JuceCustomUIView.h"
 
 #include "EditorCompWrapper.h"
+#include "HostTokens.h"
 
 #include <algorithm>
 #include <limits>
@@ -21,15 +22,8 @@ std::int16_t toRectCoordinate (int pixels)
 
 SFicSDSToken newSizeToken (std::int32_t rootNameID) noexcept
 {
-    SFicSDSToken token {};
-    token.nameID = rootNameID;
-    token.tokenType = FIC_TOKEN_SET;
-    token.tokenSubType = FIC_TOKEN_NEW_SIZE;
-    token.manufacturer = FIC_TOKEN_MANUFACTURER;
-    token.protocol = FIC_PROTOCOL_PROCESS;
-    token.targetID = rootNameID;
-    token.tokenLength = ficTokenHeaderLength;
-    return token;
+    return makeToken (
+        rootNameID, FIC_TOKEN_SET, FIC_TOKEN_NEW_SIZE, FIC_PROTOCOL_PROCESS, ficTokenHeaderLength);
 }
 
 JuceCustomUIView::JuceCustomUIView (juce::AudioProcessor& filterToEdit, NewSizeSender& processToTell)

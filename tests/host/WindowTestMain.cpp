@@ -41,7 +41,7 @@ int main (int argc, char** argv)
         return skipped;
     }
 
-    initialiseMacRTAS();
+    platform::initialiseMacRTAS();
     const juce::ScopedJuceInitialiser_GUI juce;
     return RUN_ALL_TESTS();
 }

@@ -7,10 +7,6 @@
 
 namespace platform
 {
-/** [host-main] Before the first view of a plug-in in a host that does not use the platform's own framework.
- */
-inline void initialiseMacRTAS() noexcept {}
-
 /** [host-main] Lives around calls that make temporary objects of the platform. */
 class AutoreleaseScope
 {

@@ -29,7 +29,7 @@ struct CloseDisplay
 };
 } // namespace
 
-void initialiseMacRTAS()
+void platform::initialiseMacRTAS()
 {
     // A server forgets all names when its last client leaves, so the connection stays.
     static std::unique_ptr<Display, CloseDisplay> connection;
