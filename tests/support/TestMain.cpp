@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Runs the tests of one executable with JUCE initialised, a home folder of their own, and no display but one that was
-// started for them.
+// Runs the tests of one executable with JUCE initialised, a home folder of their own, and no display but one
+// that was started for them.
 
 #include <gtest/gtest.h>
 #include <juce_events/juce_events.h>
@@ -32,13 +32,15 @@ private:
     juce::File folder;
 };
 
-/** Tests must do the same on a desktop as without one, and those that move the mouse must not move a person's. */
+/** Tests must do the same on a desktop as without one, and those that move the mouse must not move a
+   person's. Where DISPLAY is empty JUCE tries display 0, which may be another test's, so it gets the name of
+   none. */
 void takeTestDisplay()
 {
     if (const auto* display = std::getenv ("WIDELOOM_TEST_DISPLAY"))
         ::setenv ("DISPLAY", display, 1);
     else
-        ::unsetenv ("DISPLAY");
+        ::setenv ("DISPLAY", "none", 1);
 }
 } // namespace
 
