@@ -21,6 +21,7 @@ EditorWindow::EditorWindow (juce::AudioProcessor& processor,
 EditorWindow::~EditorWindow()
 {
     clearContentComponent();
+    editor->processor.editorBeingDeleted (editor.get());
 }
 
 void EditorWindow::closeButtonPressed()

@@ -44,6 +44,13 @@ CrzRotarySlider::CrzRotarySlider (CrzParameter* parameterToShow)
         fineSensitivity, fineThresholdPixels, fineOffset, false, juce::ModifierKeys::noModifiers);
 }
 
+CrzRotarySlider::~CrzRotarySlider()
+{
+    // Deleted in mid-drag: nobody else would give the pointer back.
+    if (plainPressIsDown)
+        juce::Desktop::getInstance().getMainMouseSource().enableUnboundedMouseMovement (false);
+}
+
 void CrzRotarySlider::mouseDown (const juce::MouseEvent& event)
 {
     plainPressIsDown = false;

@@ -19,6 +19,9 @@ public:
         double-click value and text box are left to whoever makes the knob. */
     explicit CrzRotarySlider (CrzParameter* parameter);
 
+    /** Gives the pointer back when a drag is going on. */
+    ~CrzRotarySlider() override;
+
     CrzParameter* getParameter() const noexcept { return parameter; }
 
     void mouseDown (const juce::MouseEvent& event) override;
