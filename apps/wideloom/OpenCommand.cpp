@@ -38,21 +38,21 @@ struct Music
 
 Problem readMusic (const std::string& path, Music& music)
 {
-    juce::String problem;
-    const auto input = AudioInput::open (juce::String::fromUTF8 (path.c_str()), problem);
+    Problem problem;
+    const auto input = AudioInput::open (path, problem);
 
     if (input == nullptr)
-        return problem.toStdString();
+        return problem;
 
     if (input->getNumFrames() > longestLoop)
-        return input->getName().toStdString() + " is too long to be held in memory";
+        return input->getName() + " is too long to be held in memory";
 
     const auto numFrames = static_cast<int> (input->getNumFrames());
     music.rate = input->getSampleRate();
     music.samples.setSize (2, numFrames);
 
     if (numFrames > 0 && ! input->read (music.samples, 0, numFrames))
-        return input->getName().toStdString() + " cannot be read to its end";
+        return input->getName() + " cannot be read to its end";
 
     return {};
 }
