@@ -5,6 +5,7 @@
 
 #include "CommandLine.h"
 
+#include "HostInfoCommand.h"
 #include "MeasureCommand.h"
 #include "OpenCommand.h"
 #include "ParamsCommand.h"
@@ -17,8 +18,10 @@
 
 namespace
 {
-constexpr AddCommand commands[] = { addRenderCommand, addMeasureCommand, addParamsCommand, addPresetsCommand,
-                                    addPresetCommand, addPictureCommand, addOpenCommand };
+constexpr AddCommand commands[] = {
+    addRenderCommand, addMeasureCommand, addParamsCommand, addPresetsCommand,
+    addPresetCommand, addPictureCommand, addOpenCommand,   addHostInfoCommand
+};
 }
 
 ExitStatus runCommandLine (int argc, char** argv)

@@ -7,6 +7,17 @@
 
 #include "engine/WideLoomAudioProcessor.h"
 #include "presets/SessionBlock.h"
+#include "refhost/HostControlScale.h"
+
+Problem findSessionBlockFault (const juce::MemoryBlock& block)
+{
+    const auto parsed = readSessionBlock (block.getData(), static_cast<int> (block.getSize()));
+
+    if (parsed.element == nullptr)
+        return "the effect cannot take its state: " + parsed.error.toStdString();
+
+    return {};
+}
 
 DirectPath::DirectPath()
     : processor (std::make_unique<WideLoomAudioProcessor>())
@@ -15,21 +26,20 @@ DirectPath::DirectPath()
 
 DirectPath::~DirectPath() = default;
 
-void DirectPath::prepare (double sampleRate, int maxBlockFrames)
+Problem DirectPath::prepare (double sampleRate, int maxBlockFrames)
 {
     processor->setPlayConfigDetails (2, 2, sampleRate, maxBlockFrames);
     processor->prepareToPlay (sampleRate, maxBlockFrames);
+    return {};
 }
 
 Problem DirectPath::setState (const juce::MemoryBlock& block)
 {
-    const auto size = static_cast<int> (block.getSize());
-
     // The processor leaves a bad block alone without a word.
-    if (const auto parsed = readSessionBlock (block.getData(), size); parsed.element == nullptr)
-        return "the effect cannot take its state: " + parsed.error.toStdString();
+    if (auto problem = findSessionBlockFault (block))
+        return problem;
 
-    processor->setStateInformation (block.getData(), size);
+    processor->setStateInformation (block.getData(), static_cast<int> (block.getSize()));
     return {};
 }
 
@@ -42,7 +52,7 @@ juce::MemoryBlock DirectPath::getState()
 
 void DirectPath::setParameter (int index, float normalised)
 {
-    processor->setParameter (index, normalised);
+    processor->setParameter (index, refhost::fromControlValue (refhost::toControlValue (normalised)));
 }
 
 void DirectPath::process (juce::AudioBuffer<float>& block)

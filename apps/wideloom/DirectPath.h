@@ -11,6 +11,9 @@
 
 class WideLoomAudioProcessor;
 
+/** What is wrong with bytes that are to be a session block. */
+Problem findSessionBlockFault (const juce::MemoryBlock& block);
+
 /** Needs JUCE to be initialised, on the thread that makes it. */
 class DirectPath : public EffectPath
 {
@@ -18,7 +21,7 @@ public:
     DirectPath();
     ~DirectPath() override;
 
-    void prepare (double sampleRate, int maxBlockFrames) override;
+    Problem prepare (double sampleRate, int maxBlockFrames) override;
     Problem setState (const juce::MemoryBlock& block) override;
     juce::MemoryBlock getState() override;
     void setParameter (int index, float normalised) override;

@@ -23,16 +23,18 @@ public:
 
     virtual ~EffectPath() = default;
 
-    /** Comes before everything else. `sampleRate` in Hz; no block will be longer than `maxBlockFrames`. */
-    virtual void prepare (double sampleRate, int maxBlockFrames) = 0;
+    /** Comes before everything else, which needs its success. `sampleRate` in Hz; no block will be longer
+       than `maxBlockFrames`. */
+    virtual Problem prepare (double sampleRate, int maxBlockFrames) = 0;
 
     /** Takes a session block over, as a host that opens a session does. The problem says why it is none. */
     virtual Problem setState (const juce::MemoryBlock& block) = 0;
 
-    /** The session block that a host would keep now. */
+    /** The session block that a host would keep now. Empty if there is none to be had. */
     virtual juce::MemoryBlock getState() = 0;
 
-    /** Sets a parameter of the table from the next block on. `normalised` is 0..1. */
+    /** Sets a parameter of the table from the next block on. `normalised` is 0..1, and becomes the nearest
+       value of a host's control. */
     virtual void setParameter (int index, float normalised) = 0;
 
     /** Runs 2 channels x samples through the effect, in place. */

@@ -173,6 +173,14 @@ void addRenderCommand (CLI::App& program, ExitStatus& status)
                       "Frames in a block, 512 otherwise; the output does not depend on it")
         ->check (CLI::Range (1, RenderSettings::mostBlockFrames))
         ->type_name ("N");
+    options->path = "host";
+    command
+        ->add_option ("--path",
+                      options->path,
+                      "Render through the plug-in, as its host does, or call the effect directly; the output "
+                      "is the same")
+        ->check (CLI::IsMember ({ "host", "direct" }))
+        ->type_name ("host|direct");
     command
         ->add_option (
             "--report", options->reportFile, "Write meter peaks and stereo figures before and after")

@@ -101,6 +101,9 @@ std::vector<std::string> RenderOptions::argumentsFor (const Task& task) const
     if (quiet)
         arguments.emplace_back ("--quiet");
 
+    if (! path.empty())
+        arguments.push_back ("--path=" + path);
+
     arguments.insert (arguments.end(), { "--", task.input, task.output });
     return arguments;
 }

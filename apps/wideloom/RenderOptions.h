@@ -21,6 +21,7 @@ struct RenderOptions
     std::string stateFile;          ///< --state
     std::string savedPresetName;    ///< --save-preset
     std::string savedStateFile;     ///< --save-state
+    std::string path;               ///< --path
     std::string bits;               ///< --bits as typed; empty when not given
     int blockFrames = 0;            ///< --block
     int numJobs = 0;                ///< --jobs; 0 for all cores

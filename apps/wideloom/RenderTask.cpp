@@ -5,8 +5,8 @@
 
 #include "RenderTask.h"
 
-#include "DirectPath.h"
 #include "FileDescriptors.h"
+#include "HostPath.h"
 #include "ProgressBar.h"
 #include "RenderReport.h"
 #include "StereoMeasurement.h"
@@ -72,6 +72,14 @@ Problem keepSettings (const RenderOptions& options,
     return desk->savePreset (options.savedPresetName, options.force, sampleRate);
 }
 
+std::unique_ptr<EffectPath> makePath (const RenderOptions& options)
+{
+    if (options.path == "direct")
+        return std::make_unique<DirectPath>();
+
+    return std::make_unique<HostPath> (! options.reportFile.empty());
+}
+
 /** Everything but the messages. Appends to `notices`. */
 Problem renderFile (const RenderOptions& options,
                     const RenderSettings& settings,
@@ -126,7 +134,8 @@ Problem renderFile (const RenderOptions& options,
     if (problem)
         return problem;
 
-    DirectPath effect;
+    const auto path = makePath (options);
+    auto& effect = *path;
     ProgressBar bar (! options.quiet && ! options.noProgress);
     StereoMeasurement before, after;
     RenderObservers observers;
@@ -147,6 +156,10 @@ Problem renderFile (const RenderOptions& options,
 
     // Automation moves parameters, but belongs to the audio and not to what it starts from.
     const auto state = effect.getState();
+
+    if (stateFile != nullptr && state.isEmpty())
+        return "the effect does not tell its state";
+
     problem = render (*input, effect, *output, settings, observers);
 
     if (! problem)

@@ -71,7 +71,8 @@ private:
 
 Problem startEffect (EffectPath& effect, double sampleRate, const RenderSettings& settings)
 {
-    effect.prepare (sampleRate, settings.blockFrames);
+    if (auto problem = effect.prepare (sampleRate, settings.blockFrames))
+        return problem;
 
     if (! settings.state.isEmpty())
         if (auto problem = effect.setState (settings.state))
