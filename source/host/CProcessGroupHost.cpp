@@ -48,21 +48,29 @@ bool hostOffersTokens()
            && host::FicIsAlive() != 0;
 }
 
+void freeFicObjects()
+{
+    releaseObject (gOurTokenTask);
+    releaseObject (gOurFicServer);
+}
 void createFicObjects()
 {
     if (! hostOffersTokens())
         return;
 
-    gOurFicServer = host::FicNewServer();
+    try
+    {
+        gOurFicServer = host::FicNewServer();
 
-    if (gOurFicServer != nullptr)
-        gOurTokenTask = usableServices()->NewStandardObject (ficTokenTaskObject, nullptr);
-}
-
-void freeFicObjects()
-{
-    releaseObject (gOurTokenTask);
-    releaseObject (gOurFicServer);
+        // Services that were there a moment ago may not be there any more.
+        if (const auto* const services = usableServices(); services != nullptr && gOurFicServer != nullptr)
+            gOurTokenTask = services->NewStandardObject (ficTokenTaskObject, nullptr);
+    }
+    catch (...)
+    {
+        freeFicObjects();
+        throw;
+    }
 }
 } // namespace
 

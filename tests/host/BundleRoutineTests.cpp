@@ -230,6 +230,22 @@ TEST_F (BundleRoutines, HaveGaps)
     bundle->getRoutine (0, nullptr);
 }
 
+/** What comes of a type or instance that there is not, unless the answer stands before it matters. */
+std::int32_t answerForUnknown (const RoutineRow& row, std::int32_t usual)
+{
+    switch (row.selector)
+    {
+        case ficSelectorSetChunk:
+        case ficSelectorCompareActiveChunk:
+            return ficChunkNotHandled; // of another maker
+        case ficSelectorGetNumAudioInputs:
+        case ficSelectorGetNumAudioOutputs:
+            return usual == ficUnknownProcess ? ficSuccess : usual; // all instances of a type have the same
+        default:
+            return usual;
+    }
+}
+
 TEST_F (BundleRoutines, KnowNoUnknownType)
 {
     for (const auto& row : routineRows)
@@ -241,7 +257,8 @@ TEST_F (BundleRoutines, KnowNoUnknownType)
         Arguments arguments (row.selector);
         arguments.type = unknownType;
         arguments.process = 1;
-        EXPECT_EQ (row.call (pi, arguments), row.concerns == Concerns::nobody ? 0 : ficUnknownType);
+        EXPECT_EQ (row.call (pi, arguments),
+                   row.concerns == Concerns::nobody ? 0 : answerForUnknown (row, ficUnknownType));
 
         if (row.concerns != Concerns::nobody)
             arguments.allowNothing();
@@ -263,8 +280,12 @@ TEST_F (BundleRoutines, KnowNoUnknownInstance)
             Arguments arguments (row.selector);
             arguments.type = typeCode;
             arguments.process = process;
-            EXPECT_EQ (row.call (pi, arguments), ficUnknownProcess);
-            arguments.allowNothing();
+            const auto answer = answerForUnknown (row, ficUnknownProcess);
+            EXPECT_EQ (row.call (pi, arguments), answer);
+
+            if (answer != ficSuccess)
+                arguments.allowNothing();
+
             EXPECT_EQ (arguments.whereItWroteTooMuch(), "");
         }
     }
