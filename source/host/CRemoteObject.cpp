@@ -6,11 +6,15 @@
 #include "DAERemoteObject.h"
 
 CRemoteObject::CRemoteObject (FicRemoteObjectKind kind)
+    : remoteKind (kind)
 {
-    DAERemoteObjectRegister (this, kind);
 }
 
 void CRemoteObject::SendToDAE (const CPlugInBuffer& message)
 {
+    if (! isRegistered)
+        DAERemoteObjectRegister (this, remoteKind);
+
+    isRegistered = true;
     DAERemoteObjectCall (this, message);
 }

@@ -22,9 +22,13 @@ public:
     virtual void DescribeToDAE() = 0;
 
 protected:
-    /** Registers the object with the host. */
     explicit CRemoteObject (FicRemoteObjectKind kind);
 
-    /** [host-main] Sends a message to this object. */
+    /** [host-main] Sends a message to this object. Registers it before the first one: what never came to
+       that, as after a constructor that threw, the host must not remember. */
     void SendToDAE (const CPlugInBuffer& message);
+
+private:
+    FicRemoteObjectKind remoteKind;
+    bool isRegistered = false;
 };
