@@ -99,6 +99,14 @@ void CEffectProcessRTAS::PlugInWorker (SPlugInRTInstance* instance, SPlugInRTGlo
         return;
 
     const auto& data = *static_cast<const SRTASPCustomData*> (instance->customData);
+    const auto* const process = data.process == nullptr ? nullptr : data.process->GetRenderTarget();
+
+    // Counts that no record can have do not say where its outputs are.
+    if (process != nullptr
+        && (numInputPorts (data) > process->inputSamples.size()
+            || numOutputPorts (data) > process->outputSamples.size()))
+        return;
+
     auto* const* const outputs = instance->ports + numInputPorts (data);
 
     for (std::size_t i = 0; i < numOutputPorts (data); ++i)
