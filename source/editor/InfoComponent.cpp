@@ -7,8 +7,8 @@
 #include "InfoTexts.h"
 #include "MainEditorComponent.h"
 
-#include <BinaryData.h>
 #include "engine/WideLoomAudioProcessor.h"
+#include <BinaryData.h>
 
 namespace
 {
