@@ -17,6 +17,9 @@ namespace
 constexpr float darkBrightness = 0.0f;
 constexpr float brightBrightness = 0.3f;
 
+constexpr double sampleRate = 48000.0; // Hz
+constexpr int blockSize = 512;         // frames
+
 void bringUp (EditorPanel panel, MainEditorComponent& editor)
 {
     switch (panel)
@@ -91,6 +94,10 @@ juce::Image paintedWithMenu (WideLoomAudioProcessorEditor& editor, WideLoomAudio
 
 juce::Image paintEditorPicture (WideLoomAudioProcessor& processor, const EditorPictureRequest& request)
 {
+    // As a host has it that plays stereo.
+    processor.setPlayConfigDetails (2, 2, sampleRate, blockSize);
+    processor.prepareToPlay (sampleRate, blockSize);
+
     processor.setEditorHeight (request.height);
     processor.setCurrentColourSchemeBrightness (request.isDark ? darkBrightness : brightBrightness);
     processor.setExpertMode (request.isExpert);

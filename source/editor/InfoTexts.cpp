@@ -47,7 +47,7 @@ PluginFormatTexts pluginFormatTextsFor (juce::AudioProcessor::WrapperType type)
 
 juce::String versionLineText()
 {
-    return juce::String ("WideLoom") + " v" + "1.1";
+    return "WideLoom v" WIDELOOM_VERSION;
 }
 
 juce::String creditsTextFor (const PluginFormatTexts& format)

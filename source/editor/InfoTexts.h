@@ -17,7 +17,7 @@ struct PluginFormatTexts
 /** [any] The texts for an AudioProcessor's wrapper type. */
 PluginFormatTexts pluginFormatTextsFor (juce::AudioProcessor::WrapperType type);
 
-/** [any] The name and version that the program shows: "WideLoom v1.1". */
+/** [any] The name and version that the program shows, such as "WideLoom v1.1". */
 juce::String versionLineText();
 
 /** [any] Version, addresses and credits, one per line. */

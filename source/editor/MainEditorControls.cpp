@@ -6,6 +6,7 @@
 #include "CrzQ7Colours.h"
 #include "CrzQ7LookAndFeelV1.h"
 #include "InfoComponent.h"
+#include "InfoTexts.h"
 #include "MainEditorComponent.h"
 #include "PanelTables.h"
 #include "WideLoomAudioProcessorEditor.h"
@@ -21,8 +22,6 @@ constexpr float sliderStep = 0.0001f;    // normalised
 constexpr float imageButtonLight = 0.3f; // of buttons that look the same in both colour schemes
 constexpr float fullMeterLevel = 1.0f;   // linear
 constexpr float meterGroundAlpha = 0.07f;
-
-constexpr const char* versionTextOfProduct = "WideLoom v" WIDELOOM_VERSION;
 
 std::unique_ptr<juce::Font> makeFont (const char* data, int size)
 {
@@ -58,7 +57,7 @@ MainEditorComponent::MainEditorComponent (WideLoomAudioProcessor* ownerProcessor
                                           WideLoomAudioProcessorEditor* shell)
     : processor (ownerProcessor),
       editor (shell),
-      versionText (versionTextOfProduct),
+      versionText (versionLineText()),
       infoLine (versionText)
 {
     setName ("MainEditorComponent");

@@ -32,9 +32,10 @@ TEST_F (DrivenWindow, IsResizedByItsCornerInProportion)
     EXPECT_FALSE (panel().isOpaque());
 
     person.dragBy (-90, -60);
+    EXPECT_TRUE (waitUntil ([&] { return std::abs (shell().getHeight() - (before - 60)) <= 3; }))
+        << shell().getHeight();
     person.release();
     const int after = shell().getHeight();
-    EXPECT_NEAR (after, before - 60, 3);
     EXPECT_NEAR (shell().getWidth(), 1.5 * after, 1.0);
     EXPECT_EQ (processor->getEditorHeight(), after);
     EXPECT_TRUE (control ("panSlider").isShowing());
@@ -52,9 +53,10 @@ TEST_F (DrivenWindow, StaysWithinItsLimits)
     moveToCorner();
     person.press();
     person.dragBy (-500, -400);
-    person.release();
     const int lowest = static_cast<int> (0.25f * static_cast<float> (getMainDisplayUserHeight()));
     EXPECT_TRUE (waitUntil ([&] { return shell().getHeight() == lowest; })) << shell().getHeight();
+    person.release();
+    EXPECT_EQ (shell().getHeight(), lowest);
 }
 
 TEST_F (DrivenWindow, GoesBackToItsDefaultSizeFromTheInfoScreen)
