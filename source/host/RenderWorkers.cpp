@@ -72,7 +72,9 @@ bool CEffectProcessRTAS::renderBlock (const SPlugInRTInstance& instance,
         // The host's engine knows no exceptions. The block ends here, whatever it was.
     }
 
-    std::fill (outputSamples.begin(), outputSamples.end(), globals.emptyOutput);
+    // A copy, because the record's word is not aligned and nothing may refer to it.
+    auto* const emptyOutput = globals.emptyOutput;
+    std::fill (outputSamples.begin(), outputSamples.end(), emptyOutput);
     return false;
 }
 

@@ -14,9 +14,8 @@ using refhost::ChunkRecord;
 
 Bytes bytesOf (const std::string& text)
 {
-    Bytes bytes (text.size());
-    std::memcpy (bytes.data(), text.data(), text.size());
-    return bytes;
+    const auto* const first = reinterpret_cast<const std::byte*> (text.data());
+    return { first, first + text.size() };
 }
 
 /** A list of one whole number, as the plug-in's own. */
