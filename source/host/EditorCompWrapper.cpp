@@ -29,6 +29,10 @@ void JuceCustomUIView::EditorCompWrapper::paint (juce::Graphics&) {}
 
 void JuceCustomUIView::EditorCompWrapper::resized()
 {
+    // A native window that the host has destroyed measures nothing. The editor keeps its size for the next one.
+    if (getBounds().isEmpty())
+        return;
+
     if (auto* editor = getChildComponent (0))
         editor->setBounds (getLocalBounds());
 

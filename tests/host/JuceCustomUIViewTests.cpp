@@ -251,6 +251,11 @@ TEST_F (JuceCustomUIViewTest, OutlivesAWindowThatIsTakenAwayFirst)
 {
     view.attachToWindow (firstPort);
     auto* const child = first.child;
+
+    // What a native window measures that was destroyed along with the host's.
+    child->setBounds (0, 0, 0, 0);
+    EXPECT_EQ (editor()->getBounds(), juce::Rectangle<int> (400, 300));
+    EXPECT_THAT (viewRectangle (view), ElementsAre (0, 0, 300, 400));
     first.watcher->hostWindowGone();
 
     EXPECT_THAT (first.log, ElementsAre ("in", "out"));

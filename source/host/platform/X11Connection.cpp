@@ -135,6 +135,7 @@ void X11Connection::keepKeysOf (WindowId juceWindow)
     X11Juce::completeRequests();
     XSelectInput (display, juceWindow, KeyPressMask);
     XFlush (display);
+    readEventsLater();
 }
 
 void X11Connection::sendKey (const juce::KeyPress& key, WindowId target)
@@ -145,14 +146,15 @@ void X11Connection::sendKey (const juce::KeyPress& key, WindowId target)
     for (XEvent event {}; XCheckTypedEvent (display, keyPressEvent, &event) != 0;)
         keys->add (event.xkey);
 
-    readEventsLater();
-
     // Those in front of the right one were used by the editor. Without a right one the last key must do.
     auto& kept = keys->kept;
     const auto right = std::ranges::find_if (kept, [&key] (const auto& event) { return makes (event, key); });
 
     if (kept.empty())
+    {
+        readEventsLater();
         return;
+    }
 
     XEvent event {};
     event.xkey = right != kept.end() ? *right : kept.back();
@@ -165,6 +167,7 @@ void X11Connection::sendKey (const juce::KeyPress& key, WindowId target)
     event.xkey.type = KeyRelease;
     XSendEvent (display, target, True, KeyReleaseMask, &event);
     XFlush (display);
+    readEventsLater();
 }
 
 void X11Connection::readEvents()
@@ -213,7 +216,8 @@ void X11Connection::readEvents()
 
 void X11Connection::readEventsLater()
 {
-    // Events that came along with an answer no longer make the connection look readable.
+    // Events that came along with an answer, or were fetched while requests went out, no longer make the
+    // connection look readable.
     if (XEventsQueued (display, QueuedAfterReading) > 0)
         juce::MessageManager::callAsync (
             [connection = weak_from_this()]
