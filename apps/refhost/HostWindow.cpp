@@ -64,6 +64,7 @@ bool HostWindow::makeWindow (const std::string& title)
     ::XSetWMProtocols (display, window, &deleteMessage, 1);
     ::XSelectInput (display, window, StructureNotifyMask | KeyPressMask | FocusChangeMask);
     setTitle (title);
+    limitSize();
     ::XMapWindow (display, window);
 
     // The plug-in is on a connection of its own: the window has to be there before it is told.
@@ -104,11 +105,22 @@ void HostWindow::setTitle (const std::string& title)
     ::XFlush (display);
 }
 
+void HostWindow::limitSize()
+{
+    // The plug-in alone says how large its view is.
+    XSizeHints hints {};
+    hints.flags = PMinSize | PMaxSize;
+    hints.min_width = hints.max_width = width;
+    hints.min_height = hints.max_height = height;
+    ::XSetWMNormalHints (display, window, &hints);
+}
+
 void HostWindow::followViewSize()
 {
     if (! std::exchange (sizeChanged, false) || ! readViewSize())
         return;
 
+    limitSize();
     ::XResizeWindow (display, window, static_cast<unsigned> (width), static_cast<unsigned> (height));
     ::XFlush (display);
 }

@@ -50,6 +50,7 @@ private:
     bool readViewSize();
     bool makeWindow (const std::string& title);
     void followViewSize();
+    void limitSize();
 
     const HostBundle& bundle;
     HostServices& services;

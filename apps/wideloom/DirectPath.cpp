@@ -57,7 +57,13 @@ void DirectPath::setParameter (int index, float normalised)
 
 void DirectPath::process (juce::AudioBuffer<float>& block)
 {
+    const juce::ScopedLock lock (processor->getCallbackLock());
     processor->processBlock (block, noMidi);
+}
+
+juce::AudioProcessor& DirectPath::getProcessor() noexcept
+{
+    return *processor;
 }
 
 EffectPath::MeterPeaks DirectPath::takeMeterPeaks()

@@ -28,6 +28,8 @@ public:
     void process (juce::AudioBuffer<float>& block) override;
     MeterPeaks takeMeterPeaks() override;
 
+    juce::AudioProcessor& getProcessor() noexcept;
+
 private:
     std::unique_ptr<WideLoomAudioProcessor> processor;
     juce::MidiBuffer noMidi;

@@ -3,28 +3,9 @@
 
 #include "EffectSetup.h"
 
-#include "ParameterText.h"
 #include "PresetDesk.h"
 
-#include <engine/WideLoomAudioProcessor.h>
-
 #include <CLI/CLI.hpp>
-
-namespace
-{
-/** Factory presets come first, as they do in the menu. */
-Problem loadPreset (WideLoomAudioProcessor& processor, const std::string& name)
-{
-    PresetDesk desk;
-
-    if (auto problem = desk.loadPreset (name))
-        return problem;
-
-    const auto state = desk.getState();
-    processor.setStateInformation (state.getData(), static_cast<int> (state.getSize()));
-    return {};
-}
-} // namespace
 
 void addEffectSetupOptions (CLI::App& command, EffectSetup& setup)
 {
@@ -37,22 +18,21 @@ void addEffectSetupOptions (CLI::App& command, EffectSetup& setup)
         ->allow_extra_args (false);
 }
 
-Problem applyEffectSetup (WideLoomAudioProcessor& processor, const EffectSetup& setup)
+Problem readEffectSetup (const EffectSetup& setup, EffectStart& start)
 {
     if (! setup.preset.empty())
-        if (auto problem = loadPreset (processor, setup.preset))
+    {
+        PresetDesk desk;
+
+        if (auto problem = desk.loadPreset (setup.preset))
             return problem;
+
+        start.state = desk.getState();
+    }
 
     for (const auto& text : setup.settings)
-    {
-        ParameterSetting setting;
-
-        if (auto problem = readTextSetting (text, setting))
+        if (auto problem = readTextSetting (text, start.settings.emplace_back()))
             return problem;
-
-        processor.setParamAndNotifyHost (
-            parameterTable[static_cast<size_t> (setting.index)].name, setting.value, true);
-    }
 
     return {};
 }

@@ -6,11 +6,12 @@
 #pragma once
 
 #include "Command.h"
+#include "ParameterText.h"
+
+#include <juce_core/juce_core.h>
 
 #include <string>
 #include <vector>
-
-class WideLoomAudioProcessor;
 
 struct EffectSetup
 {
@@ -21,6 +22,12 @@ struct EffectSetup
 /** Adds "--preset" and "--set". The setup must outlive the parsing. */
 void addEffectSetupOptions (CLI::App& command, EffectSetup& setup);
 
-/** [message] Loads the preset, then makes the settings in their order. A problem leaves what came before it.
- */
-Problem applyEffectSetup (WideLoomAudioProcessor& processor, const EffectSetup& setup);
+/** What a setup comes to. */
+struct EffectStart
+{
+    juce::MemoryBlock state;                ///< a session block to take over first; empty without a preset
+    std::vector<ParameterSetting> settings; ///< then these, in their order
+};
+
+/** [message] Looks the setup up. */
+Problem readEffectSetup (const EffectSetup& setup, EffectStart& start);

@@ -20,7 +20,7 @@ Problem HostPath::prepare (double sampleRate, int maxBlockFrames)
     session = std::make_unique<HostSession> (offer);
 
     if (auto problem = session->open (sampleRate))
-        return *problem + "; --path direct renders without the plug-in";
+        return *problem + "; --path direct does without the plug-in";
 
     rendered.setSize (2, maxBlockFrames);
     return twin == nullptr ? Problem() : twin->prepare (sampleRate, maxBlockFrames);

@@ -24,6 +24,9 @@ public:
     void process (juce::AudioBuffer<float>& block) override;
     MeterPeaks takeMeterPeaks() override;
 
+    /** Once prepare() has succeeded. */
+    HostSession& getSession() noexcept { return *session; }
+
 private:
     std::unique_ptr<HostSession> session;
     std::unique_ptr<DirectPath> twin; ///< null without meters

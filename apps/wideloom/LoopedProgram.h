@@ -5,25 +5,31 @@
 
 #pragma once
 
-#include <juce_audio_processors/juce_audio_processors.h>
+#include "EffectPath.h"
+
+#include <juce_audio_devices/juce_audio_devices.h>
 
 #include <atomic>
 
-/** Plays a loop through a processor at whatever rate the output wants. Stopped, the processor hears silence,
-   so that its meters fall and its controls still live. */
+/** Plays a loop through the effect, at the rate of the music whatever rate the output wants. Stopped, the
+   effect hears silence, so that its meters fall and its controls still live. */
 class LoopedProgram : public juce::AudioSource
 {
 public:
-    /** @param processor   not owned; must outlive this object
+    /** The longest block that the effect gets; it has to be prepared for that and for the rate of the music.
+     */
+    static constexpr int maxBlockFrames = 512;
+
+    /** @param effect      not owned; must outlive this object
         @param music       stereo; empty for silence
         @param musicRate   Hz, above 0 */
-    LoopedProgram (juce::AudioProcessor& processor, juce::AudioBuffer<float> music, double musicRate);
+    LoopedProgram (EffectPath& effect, juce::AudioBuffer<float> music, double musicRate);
 
     /** [any] */
-    void setRunning (bool shouldRun) noexcept { running.store (shouldRun, std::memory_order_relaxed); }
-    bool isRunning() const noexcept { return running.load (std::memory_order_relaxed); }
+    void setRunning (bool shouldRun) noexcept { loop.running.store (shouldRun, std::memory_order_relaxed); }
+    bool isRunning() const noexcept { return loop.running.load (std::memory_order_relaxed); }
 
-    /** [message] Prepares the processor too. */
+    /** [message] */
     void prepareToPlay (int samplesPerBlock, double sampleRate) override;
     void releaseResources() override;
 
@@ -31,12 +37,13 @@ public:
     void getNextAudioBlock (const juce::AudioSourceChannelInfo& info) override;
 
 private:
-    /** The music from its start to its end, and again. */
+    /** The music from its start to its end, and again, as the effect lets it sound. */
     class Loop : public juce::AudioSource
     {
     public:
-        explicit Loop (juce::AudioBuffer<float> musicToPlay)
-            : music (std::move (musicToPlay))
+        Loop (EffectPath& effectToPlay, juce::AudioBuffer<float> musicToPlay)
+            : effect (effectToPlay),
+              music (std::move (musicToPlay))
         {
         }
 
@@ -44,20 +51,20 @@ private:
         void releaseResources() override {}
         void getNextAudioBlock (const juce::AudioSourceChannelInfo& info) override;
 
+        std::atomic<bool> running { true }; ///< the message thread writes, the audio thread reads
+
     private:
+        void readMusic (juce::AudioBuffer<float>& block);
+
+        EffectPath& effect;
         juce::AudioBuffer<float> music;
         int position = 0; ///< samples from the start
     };
 
-    void processChunk (int numSamples);
-
-    juce::AudioProcessor& processor;
     const double musicRate; ///< Hz
     Loop loop;
     juce::ResamplingAudioSource resampler;
-    juce::AudioBuffer<float> chunk;
-    juce::MidiBuffer noMidi;
-    std::atomic<bool> running { true }; ///< the message thread writes, the audio thread reads
+    bool isPrepared = false;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (LoopedProgram)
 };

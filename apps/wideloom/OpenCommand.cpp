@@ -4,13 +4,11 @@
 #include "OpenCommand.h"
 
 #include "AudioInput.h"
-#include "EditorWindow.h"
 #include "EffectSetup.h"
 #include "Interruption.h"
+#include "LiveEffect.h"
 #include "LoopedProgram.h"
 #include "RealTimeOutput.h"
-
-#include <engine/WideLoomAudioProcessor.h>
 
 #include <CLI/CLI.hpp>
 
@@ -28,6 +26,7 @@ struct OpenOptions
 {
     std::string path; ///< empty for silence
     EffectSetup setup;
+    std::string effectPath = "host"; ///< --path
 };
 
 struct Music
@@ -80,31 +79,50 @@ juce::String windowTitle (const std::string& path, bool isRunning)
     return "WideLoom: " + name + (isRunning ? "" : " (stopped)");
 }
 
+Problem prepareEffect (EffectPath& effect, double rate, const EffectStart& start)
+{
+    if (auto problem = effect.prepare (rate, LoopedProgram::maxBlockFrames))
+        return problem;
+
+    if (! start.state.isEmpty())
+        if (auto problem = effect.setState (start.state))
+            return problem;
+
+    for (const auto& setting : start.settings)
+        effect.setParameter (setting.index, setting.value);
+
+    return {};
+}
+
 Problem openEditor (const OpenOptions& options)
 {
     if (juce::Desktop::getInstance().isHeadless())
         return "the editor needs a display to open on; 'wideloom picture' paints it without one";
 
-    WideLoomAudioProcessor processor;
+    EffectStart start;
     Music music;
 
-    if (auto problem = applyEffectSetup (processor, options.setup))
+    if (auto problem = readEffectSetup (options.setup, start))
         return problem;
 
     if (! options.path.empty())
         if (auto problem = readMusic (options.path, music))
             return problem;
 
-    LoopedProgram program (processor, std::move (music.samples), music.rate);
-    std::unique_ptr<EditorWindow> window;
-    window =
-        std::make_unique<EditorWindow> (processor,
-                                        windowTitle (options.path, true),
-                                        [&]
-                                        {
-                                            program.setRunning (! program.isRunning());
-                                            window->setName (windowTitle (options.path, program.isRunning()));
-                                        });
+    const auto effect = options.effectPath == "host" ? LiveEffect::makeHosted() : LiveEffect::makeDirect();
+
+    if (auto problem = prepareEffect (effect->getPath(), music.rate, start))
+        return problem;
+
+    LoopedProgram program (effect->getPath(), std::move (music.samples), music.rate);
+    const auto startOrStop = [&]
+    {
+        program.setRunning (! program.isRunning());
+        effect->setTitle (windowTitle (options.path, program.isRunning()));
+    };
+
+    if (auto problem = effect->showEditor (windowTitle (options.path, true), startOrStop))
+        return problem;
 
     const RealTimeOutput output (program);
 
@@ -127,6 +145,12 @@ void addOpenCommand (CLI::App& program, ExitStatus& status)
     command->add_option ("file", options->path, "WAV, AIFF or FLAC file to loop; silence without one")
         ->type_name ("FILE");
     addEffectSetupOptions (*command, options->setup);
+    command
+        ->add_option ("--path",
+                      options->effectPath,
+                      "Show the editor of the plug-in, as its host does, or that of the effect itself")
+        ->check (CLI::IsMember ({ "host", "direct" }))
+        ->type_name ("host|direct");
 
     command->callback (
         [options, &status]

@@ -111,6 +111,17 @@ Problem writePng (const juce::Image& image, const std::string& path)
     return target->commit();
 }
 
+/** As a user would in the editor. */
+void set (WideLoomAudioProcessor& processor, const EffectStart& start)
+{
+    if (! start.state.isEmpty())
+        processor.setStateInformation (start.state.getData(), static_cast<int> (start.state.getSize()));
+
+    for (const auto& setting : start.settings)
+        processor.setParamAndNotifyHost (
+            parameterTable[static_cast<size_t> (setting.index)].name, setting.value, true);
+}
+
 Problem makePicture (PictureOptions& options)
 {
     if (auto problem = checkName (options.path))
@@ -119,11 +130,13 @@ Problem makePicture (PictureOptions& options)
     if (auto problem = readMeters (options.meters, options.request.meters))
         return problem;
 
-    WideLoomAudioProcessor processor;
+    EffectStart start;
 
-    if (auto problem = applyEffectSetup (processor, options.setup))
+    if (auto problem = readEffectSetup (options.setup, start))
         return problem;
 
+    WideLoomAudioProcessor processor;
+    set (processor, start);
     options.request.isDark = options.scheme == Scheme::dark;
     return writePng (paintEditorPicture (processor, options.request), options.path);
 }
