@@ -8,7 +8,8 @@ namespace
 /** A place of the screen that no window covers: the editor comes up in the middle. */
 const juce::Point<int> emptyCorner { 3, 3 };
 
-constexpr juce::uint32 settlingMs = 150; ///< without a move, and a window stands where it stays
+constexpr juce::uint32 settlingMs = 150;  ///< without a move, and a window stands where it stays
+constexpr juce::uint32 keyboardMs = 2000; ///< without the keyboard for so long, and a window will not get it
 
 constexpr float bareGroundX = 0.5f, bareGroundY = 0.09f; ///< of the panel, where there is no control
 
@@ -90,6 +91,13 @@ void DrivenEditor::openWindow()
             if (window->getScreenPosition() != place)
             {
                 place = window->getScreenPosition();
+                since = now;
+            }
+
+            // The keyboard follows the pointer into a window, but not into one that came up under it.
+            if (! window->isActiveWindow() && now > since + keyboardMs)
+            {
+                person.moveAwayTo (emptyCorner);
                 since = now;
             }
 

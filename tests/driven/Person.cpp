@@ -7,7 +7,8 @@
 
 namespace
 {
-constexpr juce::uint32 patienceMs = 10000; ///< far beyond what even an instrumented build needs
+constexpr juce::uint32 patienceMs =
+    60000; ///< far beyond what even an instrumented build on a busy machine needs
 constexpr int loopSliceMs = 2;
 constexpr int handMs = 100;     ///< between pressing a button and letting it go
 constexpr int longestStep = 10; ///< pixels of a drag between two events

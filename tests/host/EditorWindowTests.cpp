@@ -4,8 +4,8 @@
 // The editor in a host's window on a real X server, with mouse and keyboard.
 
 #include "EditorTestProcessor.h"
-#include "XHost.h"
 #include "host/platform/MessagePump.h"
+#include "support/XHost.h"
 
 #include <X11/keysym.h>
 #include <gmock/gmock.h>

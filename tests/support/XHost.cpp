@@ -4,6 +4,8 @@
 #include "XHost.h"
 
 #include <X11/Xlib.h>
+#include <X11/Xproto.h>
+#include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 
 #include <algorithm>
@@ -13,9 +15,17 @@ namespace
 {
 int numErrors = 0;
 
-int countError (Display*, XErrorEvent*)
+/** Windows of others may go while they are looked at. */
+bool onlyLooks (const XErrorEvent& error)
 {
-    ++numErrors;
+    return error.error_code == BadWindow
+           && (error.request_code == X_QueryTree || error.request_code == X_GetWindowAttributes
+               || error.request_code == X_GetProperty);
+}
+
+int countError (Display*, XErrorEvent* error)
+{
+    numErrors += ! onlyLooks (*error);
     return 0;
 }
 
@@ -30,6 +40,27 @@ Window getParent (Display* display, Window window)
         XFree (children);
 
     return parent;
+}
+
+/** Those at the bottom first. */
+std::vector<Window> getChildWindows (Display* display, Window window)
+{
+    Window root = None;
+    Window parent = None;
+    Window* windows = nullptr;
+    unsigned int numWindows = 0;
+    std::vector<Window> children;
+
+    if (XQueryTree (display, window, &root, &parent, &windows, &numWindows) == 0)
+        return children;
+
+    if (windows != nullptr)
+    {
+        children.assign (windows, windows + numWindows);
+        XFree (windows);
+    }
+
+    return children;
 }
 
 Display* openDisplay()
@@ -129,27 +160,69 @@ bool XHost::isShown (GrafPtr window) const
     return XGetWindowAttributes (display, window, &attributes) != 0 && attributes.map_state == IsViewable;
 }
 
+GrafPtr XHost::getScreen() const
+{
+    return DefaultRootWindow (display);
+}
+
+juce::String XHost::getTitle (GrafPtr window) const
+{
+    XTextProperty text {};
+
+    if (XGetWMName (display, window, &text) == 0 || text.value == nullptr)
+        return {};
+
+    const juce::String title (reinterpret_cast<const char*> (text.value));
+    XFree (text.value);
+    return title;
+}
+
+GrafPtr XHost::findWindow (const juce::String& words) const
+{
+    // Frames of a window manager have their windows in them.
+    for (const auto top : getChildWindows (display, getScreen()))
+    {
+        if (getTitle (top).contains (words))
+            return top;
+
+        for (const auto inFrame : getChildWindows (display, top))
+            if (getTitle (inFrame).contains (words))
+                return inFrame;
+    }
+
+    return 0;
+}
+
+void XHost::askToClose (GrafPtr window)
+{
+    XEvent event {};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = XInternAtom (display, "WM_PROTOCOLS", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long> (XInternAtom (display, "WM_DELETE_WINDOW", False));
+    XSendEvent (display, window, False, NoEventMask, &event);
+    XSync (display, False);
+}
+
+juce::Point<int> XHost::getSize (GrafPtr window) const
+{
+    XWindowAttributes attributes {};
+    XGetWindowAttributes (display, window, &attributes);
+    return { attributes.width, attributes.height };
+}
+
 std::vector<XHost::Child> XHost::getChildren (GrafPtr window) const
 {
-    Window root = None;
-    Window parent = None;
-    Window* windows = nullptr;
-    unsigned int numWindows = 0;
     std::vector<Child> children;
 
-    if (XQueryTree (display, window, &root, &parent, &windows, &numWindows) == 0)
-        return children;
-
-    for (unsigned int i = 0; i < numWindows; ++i)
+    for (const auto child : getChildWindows (display, window))
     {
         XWindowAttributes attributes {};
-        XGetWindowAttributes (display, windows[i], &attributes);
+        XGetWindowAttributes (display, child, &attributes);
         children.push_back ({ { attributes.x, attributes.y, attributes.width, attributes.height },
                               attributes.map_state == IsViewable });
     }
-
-    if (windows != nullptr)
-        XFree (windows);
 
     return children;
 }

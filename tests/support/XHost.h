@@ -39,6 +39,19 @@ public:
     /** Itself and all that it stands in. */
     bool isShown (GrafPtr window) const;
 
+    /** What all windows stand in. */
+    GrafPtr getScreen() const;
+
+    /** A window on the screen that has a title with these words in it, whoever made it. 0 if there is none.
+     */
+    GrafPtr findWindow (const juce::String& words) const;
+
+    /** Of ASCII characters. */
+    juce::String getTitle (GrafPtr window) const;
+
+    /** Does what a window's close button does. */
+    void askToClose (GrafPtr window);
+
     struct Child
     {
         juce::Rectangle<int> bounds; // in its parent
@@ -46,6 +59,9 @@ public:
     };
 
     std::vector<Child> getChildren (GrafPtr window) const;
+
+    /** In pixels, without what a window manager puts around it. */
+    juce::Point<int> getSize (GrafPtr window) const;
 
     /** Puts the mouse on a point of the window. */
     void moveMouse (GrafPtr window, juce::Point<int> position);
@@ -69,7 +85,7 @@ public:
     void provokeError();
 
     /** Requests that the server refused, of whatever connection, as far as the program's handler heard of
-     * them. */
+       them; looks at windows that were just gone do not count. */
     static int getNumErrors();
 
     /** True if the handler that the host set is the program's. */
