@@ -5,6 +5,8 @@
 
 #include "CrzParameter.h"
 
+#include <cmath>
+
 CrzParameter::CrzParameter (CrzParameterManager* manager, CrzParameterValueMapper::CrzMappingENUM mapping)
     : parameterManager (manager)
 {
@@ -15,5 +17,9 @@ CrzParameter::CrzParameter (CrzParameterManager* manager, CrzParameterValueMappe
 juce::String CrzParameter::getValueAsText() const
 {
     const float current = getValue();
-    return valueMapper != nullptr ? valueMapper->normed2RealValueAsString (current) : juce::String (current);
+
+    if (valueMapper != nullptr)
+        return valueMapper->normed2RealValueAsString (current);
+
+    return juce::String (std::isfinite (current) ? current : 0.0f);
 }

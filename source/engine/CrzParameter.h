@@ -48,7 +48,7 @@ public:
     /** [any] Whether setValue() ever ran. Nothing clears it, so every row of a table that stands has it. */
     bool hasFlagChanged() const noexcept { return changedFlag.load (std::memory_order_relaxed); }
 
-    /** [message] */
+    /** [message] Without a mapper the bare number. A value that is not finite reads as 0.0 does. */
     juce::String getValueAsText() const;
 
 private:

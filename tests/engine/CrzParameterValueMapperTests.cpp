@@ -262,4 +262,10 @@ TEST (CrzParameter, WithoutAMapperShowsTheNumber)
     parameter.setValue (1.5f);
     EXPECT_TRUE (parameter.hasFlagChanged());
     EXPECT_EQ (parameter.getValueAsText(), "1.5");
+
+    for (const float value : { notANumber, infinity, -infinity })
+    {
+        parameter.setValue (value);
+        EXPECT_EQ (parameter.getValueAsText(), juce::String (0.0f)) << value;
+    }
 }
