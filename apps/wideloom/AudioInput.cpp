@@ -43,10 +43,16 @@ std::unique_ptr<AudioInput> AudioInput::open (const std::string& path, Problem& 
     input->bytes = ByteSource::open (path, problem);
 
     if (! problem)
-        if (problem = input->createReader(); problem)
-            problem = input->name + ": " + *problem;
+        problem = input->restart();
 
     return problem ? nullptr : std::move (input);
+}
+
+Problem AudioInput::restart()
+{
+    reader.reset();
+    const auto problem = createReader();
+    return problem ? Problem (name + ": " + *problem) : Problem();
 }
 
 Problem AudioInput::createReader()

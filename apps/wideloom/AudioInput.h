@@ -38,6 +38,10 @@ public:
         @returns false if the file could not be read that far */
     bool read (juce::AudioBuffer<float>& destination, juce::int64 firstFrame, int numFrames);
 
+    /** Gets ready to be read from the first frame once more. What came through a pipe can be had again only
+        this way. */
+    Problem restart();
+
 private:
     AudioInput() = default;
     Problem createReader();

@@ -34,31 +34,23 @@ Problem writePicture (const juce::Image& image, TargetFile& target)
     return target.commit();
 }
 
-/** Opens the file, calls `prepare (sampleRate)` and then `consume (left, right, numSamples)` block by block.
- */
-template <typename Prepare, typename Consume>
-Problem readStereo (const std::string& path, Prepare&& prepare, Consume&& consume)
+/** Calls `consume (left, right, numSamples)` block by block. */
+template <typename Consume>
+Problem readStereo (AudioInput& input, Consume&& consume)
 {
-    Problem problem;
-    const auto input = AudioInput::open (path, problem);
-
-    if (problem)
-        return problem;
-
-    prepare (input->getSampleRate());
     constexpr int blockSize = 8192;
     juce::AudioBuffer<float> block (2, blockSize);
 
-    for (juce::int64 position = 0; position < input->getNumFrames(); position += blockSize)
+    for (juce::int64 position = 0; position < input.getNumFrames(); position += blockSize)
     {
         if (wasInterrupted())
-            return input->getName() + ": interrupted";
+            return input.getName() + ": interrupted";
 
         const auto count =
-            static_cast<int> (std::min<juce::int64> (blockSize, input->getNumFrames() - position));
+            static_cast<int> (std::min<juce::int64> (blockSize, input.getNumFrames() - position));
 
-        if (! input->read (block, position, count))
-            return input->getName() + ": it cannot be read to its end; the disk or the network failed";
+        if (! input.read (block, position, count))
+            return input.getName() + ": it cannot be read to its end; the disk or the network failed";
 
         consume (block.getReadPointer (0), block.getReadPointer (1), count);
     }
@@ -73,24 +65,22 @@ struct MeasuredFile
     StereoFigures figures;
 };
 
-Problem measureFile (const std::string& path, MeasuredFile& measured)
+Problem measureFile (const std::string& path, AudioInput& input, MeasuredFile& measured)
 {
     measured.name = readableText (path);
+    measured.sampleRate = input.getSampleRate();
     StereoMeasurement measurement;
-    auto problem = readStereo (
-        path,
-        [&] (double sampleRate)
-        {
-            measured.sampleRate = sampleRate;
-            measurement.prepare (sampleRate);
-        },
-        [&] (const float* left, const float* right, int count) { measurement.add (left, right, count); });
+    measurement.prepare (measured.sampleRate);
+    auto problem = readStereo (input,
+                               [&] (const float* left, const float* right, int count)
+                               { measurement.add (left, right, count); });
     measured.figures = measurement.result();
     return problem;
 }
 
-/** Reads the file a second time, because the peak of the whole decides on the scale. */
+/** Reads the input a second time, because the peak of the whole decides on the scale. */
 Problem drawPicture (const std::string& path,
+                     AudioInput& input,
                      const MeasuredFile& measured,
                      const std::filesystem::path& picture,
                      bool replace)
@@ -102,10 +92,12 @@ Problem drawPicture (const std::string& path,
         return problem;
 
     Goniometer goniometer (std::max (measured.figures.leftPeakDb, measured.figures.rightPeakDb));
-    problem = readStereo (
-        path,
-        [] (double) {},
-        [&] (const float* left, const float* right, int count) { goniometer.add (left, right, count); });
+    problem = input.restart();
+
+    if (! problem)
+        problem = readStereo (input,
+                              [&] (const float* left, const float* right, int count)
+                              { goniometer.add (left, right, count); });
 
     if (problem)
         return problem;
@@ -212,8 +204,13 @@ MeasureOutcome runMeasure (const MeasureOptions& options)
     {
         const auto& path = options.files[i];
         MeasuredFile row;
+        Problem problem;
+        const auto input = AudioInput::open (path, problem);
 
-        if (const auto problem = measureFile (path, row))
+        if (! problem)
+            problem = measureFile (path, *input, row);
+
+        if (problem)
         {
             fail (ExitStatus::failure, *problem);
             continue;
@@ -224,7 +221,9 @@ MeasureOutcome runMeasure (const MeasureOptions& options)
         if (pictures.empty())
             continue;
 
-        if (const auto problem = drawPicture (path, row, pictures[i], options.force))
+        problem = drawPicture (path, *input, row, pictures[i], options.force);
+
+        if (problem)
             fail (ExitStatus::failure, *problem);
     }
 
@@ -238,7 +237,9 @@ void addMeasureCommand (CLI::App& program, ExitStatus& status)
         "measure", "Print the stereo figures of audio files, and draw goniometer pictures");
     const auto options = std::make_shared<MeasureOptions>();
 
-    command->add_option ("FILE", options->files, "WAV, AIFF or FLAC files, mono or stereo")->required();
+    command
+        ->add_option ("FILE", options->files, "WAV, AIFF or FLAC files, mono or stereo; - is standard input")
+        ->required();
     command->add_flag ("--json", options->json, "Print JSON in place of the table");
     command
         ->add_option (

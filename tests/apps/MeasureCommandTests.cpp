@@ -5,6 +5,9 @@
 
 #include <wideloom/MeasureCommand.h>
 
+#include "support/ScratchFolder.h"
+#include "support/TestAudioFiles.h"
+
 #include <juce_audio_formats/juce_audio_formats.h>
 #include <juce_graphics/juce_graphics.h>
 
@@ -142,5 +145,24 @@ TEST_F (MeasureCommand, SaysWhenAPictureCannotBeWritten)
     EXPECT_EQ (run ({ .files = { file }, .picture = path ("no such folder/a.png") }), ExitStatus::failure);
     EXPECT_THAT (errors, HasSubstr ("a.png' cannot be written"));
     EXPECT_THAT (output, HasSubstr ("a.wav")); // the figures are printed all the same
+}
+
+TEST (MeasureCommandStream, DrawsAPictureOfWhatCanBeReadOnlyOnce)
+{
+    for (const std::string name : { "in.wav", "in.flac" })
+    {
+        const ScratchFolder folder;
+        writeAudio (folder / name, noise (20000), { 16, false });
+        const auto piped = folder.shell ("cat " + name + " | wideloom measure - --picture piped.png");
+        const auto plain = folder.shell ("wideloom measure - --picture plain.png < " + name);
+
+        EXPECT_EQ (piped.status, 0) << piped.errors;
+        EXPECT_EQ (plain.status, 0) << plain.errors;
+        EXPECT_EQ (piped.output, plain.output);
+
+        const auto picture = readWholeFile (folder / "piped.png");
+        EXPECT_FALSE (picture.empty()) << name;
+        EXPECT_TRUE (picture == readWholeFile (folder / "plain.png")) << name;
+    }
 }
 } // namespace
