@@ -18,6 +18,9 @@ Problem RenderOptions::findTasks (std::vector<Task>& tasks) const
         return "--save-preset: '" + savedPresetName
                + "' can be no preset's name; it takes letters and the like, but no separators";
 
+    if (! reportFile.empty() && reportFile == savedStateFile)
+        return "--report and --save-state are both '" + reportFile + "'; name two files";
+
     if (outputFolder.empty())
     {
         if (files.size() == 1)

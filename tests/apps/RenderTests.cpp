@@ -268,6 +268,7 @@ constexpr UsageRow usageRows[] = {
     { "badName", "render a.wav b.wav --norm Foo=1", 2, "Foo" },
     { "sameOutput", "render a.wav ./a.wav --out-dir out", 2, "would both become 'a.wav'" },
     { "reportOverOutput", "render a.wav b.wav --report b.wav", 2, "both the output and its report" },
+    { "stateOverReport", "render a.wav b.wav --report c --save-state c --force", 2, "name two files" },
     { "streamIntoFolder", "render - --out-dir out", 2, "no file name" },
     { "badAutomation", "render a.wav b.wav --automation bad.csv", 1, "line 1" },
     { "noSuchInput", "render none.wav b.wav", 1, "'none.wav'" },
