@@ -166,6 +166,34 @@ TEST (SafeBassFilter, TakesFrequenciesWhileItIsOff)
     expectCutOff (*processor, 48000.0, 500.0);
 }
 
+TEST (SafeBassFilter, TakesTheFrequencyOfASessionBeforeTheFirstBlockOrWithTheNextWrite)
+{
+    constexpr float saved = 0.2857143f; // 150 Hz
+    juce::MemoryBlock session;
+    safeBassAt (48000.0, saved)->getStateInformation (session);
+
+    for (const bool hasRun : { false, true })
+    {
+        WideLoomAudioProcessor processor;
+        prepare (processor, 48000.0);
+
+        if (hasRun)
+        {
+            set (processor, safeBassFreq, 1.0f);
+            excite (processor);
+        }
+
+        // Restoring only fills the table.
+        processor.setStateInformation (session.getData(), static_cast<int> (session.getSize()));
+        EXPECT_EQ (processor.getParameter (indexOf (safeBassFreq)), saved);
+        EXPECT_EQ (processor.getParameter (indexOf (safeBass)), 1.0f);
+        expectCutOff (processor, 48000.0, hasRun ? 500.0 : 150.0);
+
+        set (processor, safeBassFreq, saved);
+        expectCutOff (processor, 48000.0, 150.0);
+    }
+}
+
 TEST (SafeBassFilter, KeepsItsHistoryWhileItDoesNotRun)
 {
     struct Pause
