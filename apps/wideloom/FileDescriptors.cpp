@@ -11,7 +11,17 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <initializer_list>
 #include <unistd.h>
+
+void occupyStandardStreams() noexcept
+{
+    // The lowest free number is the one that open() gives, and all below it are taken.
+    for (const int stream : { STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO })
+        if (::fcntl (stream, F_GETFD) < 0
+            && ::open ("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) != stream)
+            return;
+}
 
 std::string systemError()
 {

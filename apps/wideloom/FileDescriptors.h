@@ -9,6 +9,10 @@
 #include <string>
 #include <sys/types.h>
 
+/** Takes the places of standard streams that the program was started without, so that nothing else is opened
+    there and mistaken for them. Using one of them then fails. Comes before anything is opened. */
+void occupyStandardStreams() noexcept;
+
 /** The system's text for the present errno. */
 std::string systemError();
 

@@ -275,6 +275,9 @@ constexpr UsageRow usageRows[] = {
     { "noSuchFolder", "render a.wav none/b.wav", 1, "none/b.wav" },
     { "emptyStream", "render - b.wav < /dev/null", 1, "standard input: it is empty" },
     { "endlessStream", "render - b.wav < /dev/zero", 1, "no audio" },
+    { "closedOutput", "render a.wav - >&-", 1, "standard output cannot be written" },
+    { "closedOutputForText", "params >&-", 1, "standard output cannot be written" },
+    { "closedInput", "render - b.wav <&-", 1, "standard input: it cannot be read" },
     { "deviceAsOutput", "render a.wav - > /dev/full", 1, "standard output" },
 };
 
