@@ -193,17 +193,23 @@ Goniometer::Goniometer (double largestPeakDb)
 
 void Goniometer::add (const float* left, const float* right, int numSamples) noexcept
 {
+    // Places are counted from the middle of the first cell. Mid or side at full scale lies on the frame, half
+    // a cell outside the middle of the last one.
+    constexpr double frame = 0.5, lastCell = fieldSize - 1.0;
+    const double belowLastCell = std::nextafter (lastCell, 0.0);
+
     for (int i = 0; i < numSamples; ++i)
     {
         // The corners of the diamond are mid or side at full scale: (L + R) / 2 = 1.
-        const double x =
-            fieldSize / 2.0 + 0.5 * (static_cast<double> (right[i]) - left[i]) * pixelsPerUnit - 0.5;
-        const double y =
-            fieldSize / 2.0 - 0.5 * (static_cast<double> (left[i]) + right[i]) * pixelsPerUnit - 0.5;
+        double x = fieldSize / 2.0 + 0.5 * (static_cast<double> (right[i]) - left[i]) * pixelsPerUnit - 0.5;
+        double y = fieldSize / 2.0 - 0.5 * (static_cast<double> (left[i]) + right[i]) * pixelsPerUnit - 0.5;
 
         // Written so that a sample that is not finite stays out.
-        if (! (x >= 0.0 && y >= 0.0 && x < fieldSize - 1.0 && y < fieldSize - 1.0))
+        if (! (x >= -frame && y >= -frame && x <= lastCell + frame && y <= lastCell + frame))
             continue;
+
+        x = std::clamp (x, 0.0, belowLastCell);
+        y = std::clamp (y, 0.0, belowLastCell);
 
         // Each visit is spread over the four cells around it, which keeps slow curves free of steps.
         const auto column = static_cast<std::size_t> (x);
@@ -221,20 +227,26 @@ void Goniometer::add (const float* left, const float* right, int numSamples) noe
 namespace
 {
 /** Weighs each cell with its neighbours, 1-2-1 both ways, so that single visits read as dots and many as a
-    surface. */
+    surface. A cell at an edge lacks a neighbour and stays as it is. */
 std::vector<float> smoothed (const std::vector<float>& cells)
 {
-    std::vector<float> across (cells), result (cells);
-    const auto pass = [] (const std::vector<float>& from, std::vector<float>& to, std::size_t stride)
-    {
-        for (std::size_t i = stride; i + stride < from.size(); ++i)
-            to[i] = 0.25f * from[i - stride] + 0.5f * from[i] + 0.25f * from[i + stride];
-    };
+    const auto weighed = [] (const std::vector<float>& from, std::size_t i, std::size_t stride)
+    { return 0.25f * from[i - stride] + 0.5f * from[i] + 0.25f * from[i + stride]; };
 
-    pass (cells, across, 1);
-    pass (across, result, cellsAcross);
+    std::vector<float> across (cells);
+
+    for (std::size_t row = 0; row < cells.size(); row += cellsAcross)
+        for (std::size_t i = row + 1; i < row + cellsAcross - 1; ++i)
+            across[i] = weighed (cells, i, 1);
+
+    std::vector<float> result (across);
+
+    for (std::size_t i = cellsAcross; i + cellsAcross < across.size(); ++i)
+        result[i] = weighed (across, i, cellsAcross);
+
     return result;
 }
+
 /** What counts as the brightest: the density that all but a few of the places visited stay below, so that the
     one place where a signal rests in its pauses does not darken all others. 0 when nothing was visited. */
 float busyDensity (const std::vector<float>& cells)

@@ -26,9 +26,11 @@ class GoniometerPlaces : public testing::TestWithParam<PlaceCase>
 };
 
 const PlaceCase placeCases[] = {
-    { "Mid", 0.9f, 0.9f, 0, 90 },    { "MidNegative", -0.5f, -0.5f, 0, -50 },
-    { "Left", 0.5f, 0.0f, -25, 25 }, { "Right", 0.0f, 0.5f, 25, 25 },
-    { "Side", 0.9f, -0.9f, -90, 0 }, { "LeftNegative", -0.5f, 0.0f, 25, -25 },
+    { "Mid", 0.9f, 0.9f, 0, 90 },         { "MidNegative", -0.5f, -0.5f, 0, -50 },
+    { "Left", 0.5f, 0.0f, -25, 25 },      { "Right", 0.0f, 0.5f, 25, 25 },
+    { "Side", 0.9f, -0.9f, -90, 0 },      { "LeftNegative", -0.5f, 0.0f, 25, -25 },
+    { "FullMid", 1.0f, 1.0f, 0, 100 },    { "FullMidNegative", -1.0f, -1.0f, 0, -100 },
+    { "FullSide", 1.0f, -1.0f, -100, 0 }, { "FullSideNegative", -1.0f, 1.0f, 100, 0 },
 };
 
 /** The smallest rectangle around all pixels in which two pictures of one size differ. */
