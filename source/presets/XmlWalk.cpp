@@ -15,6 +15,7 @@ namespace
 {
 constexpr auto npos = std::string_view::npos;
 constexpr std::string_view whiteSpace = " \t\n\v\f\r";
+constexpr auto nestedTooDeeply = "the elements are nested too deeply";
 
 constexpr bool isWhiteSpace (char c)
 {
@@ -193,13 +194,13 @@ bool XmlWalk::walkStartTag (int& depth)
         if (at ("/>"))
         {
             position += 2;
-            return true;
+            return depth < maxXmlDepth || refuse (nestedTooDeeply);
         }
 
         if (current() == '>')
         {
             ++position;
-            return ++depth <= maxXmlDepth || refuse ("the elements are nested too deeply");
+            return ++depth <= maxXmlDepth || refuse (nestedTooDeeply);
         }
 
         if (! walkAttribute())

@@ -64,6 +64,11 @@ std::vector<XmlCase> xmlCases()
         { "SectionAndComment", "<a><![CDATA[<b> & ]]><!-- <!DOCTYPE & --></a>", true },
         { "ForeignEncodingInTheHeader", "<?xml version='1.0' encoding='ISO-8859-1'?><a/>", true },
         { "Depth32", depth32, true },
+        { "Depth32WithAnEmptyElement", repeated ("<a>", 31) + "<b/>" + repeated ("</a>", 31), true },
+        { "FirstAndLastCharactersOfEachLength",
+          "<a b='\xc2\x80\xdf\xbf\xe0\xa0\x80\xec\xbf\xbf\xed\x9f\xbf\xee\x80\x80\xef\xbf\xbf"
+          "\xf0\x90\x80\x80\xf3\xbf\xbf\xbf\xf4\x8f\xbf\xbf'/>",
+          true },
         { "ExactlyAsLongAsAllowed", "<a b='" + filler + "'/>", true },
         { "AsManyReferencesAsAllowed",
           "<a b='" + repeated ("&lt;", maxXmlReferences / 2) + "'>"
@@ -79,6 +84,7 @@ std::vector<XmlCase> xmlCases()
         { "PlainText", "text>", false },
         { "OneByteTooLong", "<a b='" + filler + "x'/>", false },
         { "Depth33", "<a>" + depth32 + "</a>", false },
+        { "Depth33WithAnEmptyElement", repeated ("<a>", 32) + "<b/>" + repeated ("</a>", 32), false },
         { "Deep", repeated ("<a>", 80000) + "</a>", false },
         { "DepthHiddenBehindAnOddName", "<\xc3\xa9\xe2\x82\xac b='" + repeated ("<a>", 60000) + "'>", false },
         { "DepthHiddenBehindAnUnquotedValue", "<a b=1>" + repeated ("<a>", 60000) + "</a>", false },
@@ -104,6 +110,21 @@ std::vector<XmlCase> xmlCases()
           "<a b='" + repeated ("&lt;\xc3\xa9", maxXmlReferences + 1) + "'/>",
           false },
         { "ManyReferencesInText", "<a>" + repeated ("&#65;", maxXmlReferences + 1) + "</a>", false },
+        { "DepthHiddenBehindLongFormsOfTags",
+          "<a>"
+              + repeated ("\xc0\xbc"
+                          "a>",
+                          60000)
+              + "</a>",
+          false },
+        { "TwoBytesForAscii", "<a b='\xc1\xbf'/>", false },
+        { "ThreeBytesForTwo", "<a b='\xe0\x9f\xbf'/>", false },
+        { "FourBytesForThree", "<a b='\xf0\x8f\xbf\xbf'/>", false },
+        { "ASurrogate", "<a b='\xed\xa0\x80'/>", false },
+        { "PastTheLastCharacter", "<a b='\xf4\x90\x80\x80'/>", false },
+        { "FiveBytes", "<a b='\xf8\x88\x80\x80\x80'/>", false },
+        { "ATrailByteAlone", "<a b='\x80'/>", false },
+        { "ATrailByteMissing", "<a b='\xe2\x82'/>", false },
         { "Latin1", "<a b='\xe9'/>", false },
         { "Utf16", std::string ("\xff\xfe<\0a\0/\0>\0", 10), false },
     };
