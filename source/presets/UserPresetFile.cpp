@@ -150,6 +150,7 @@ juce::MemoryBlock UserPresetFile::write (const juce::ValueTree& tree, bool compr
 bool UserPresetFile::isFileName (const juce::String& name)
 {
     constexpr juce::juce_wchar firstPrintable = 0x20, deleteCharacter = 0x7f, lastControl = 0x9f;
+    constexpr juce::juce_wchar firstSurrogate = 0xd800, lastSurrogate = 0xdfff, lastCharacter = 0x10ffff;
 
     // Both separators, because folders of presets travel between systems.
     if (name.isEmpty() || name == ".." || name.containsAnyOf ("/\\"))
@@ -157,7 +158,8 @@ bool UserPresetFile::isFileName (const juce::String& name)
 
     for (auto c = name.getCharPointer(); ! c.isEmpty();)
         if (const auto character = c.getAndAdvance();
-            character < firstPrintable || (character >= deleteCharacter && character <= lastControl))
+            character < firstPrintable || (character >= deleteCharacter && character <= lastControl)
+            || (character >= firstSurrogate && character <= lastSurrogate) || character > lastCharacter)
             return false;
 
     return true;

@@ -40,6 +40,6 @@ juce::MemoryBlock write (const juce::ValueTree& tree, bool compressed);
 std::string readHeader (juce::InputStream& stream);
 
 /** [any] Whether a preset's name, without the extension, can be a file's: not empty, not "..", and without
-    separators and control characters. */
+    separators, control characters and what is no character in a session block or a preset. */
 bool isFileName (const juce::String& name);
 } // namespace UserPresetFile

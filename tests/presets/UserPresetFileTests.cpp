@@ -206,7 +206,11 @@ TEST (UserPresetFile, KnowsWhichNamesAreFileNames)
                       { "a\\b", false },
                       { "line\nfeed", false },
                       { "\x7f", false },
-                      { "\xc2\x85", false } };
+                      { "\xc2\x85", false },
+                      { "\xed\xa0\x80", false },
+                      { "\xed\xbf\xbf", false },
+                      { "\xf4\x90\x80\x80", false },
+                      { "\xf0\x9f\x98\x80", true } };
 
     for (const auto& row : names)
         EXPECT_EQ (UserPresetFile::isFileName (juce::String::fromUTF8 (row.name)), row.good) << row.name;
