@@ -60,14 +60,23 @@ juce::File placeForUnreadable (const juce::File& file)
 
 void setIn (juce::XmlElement& document, const juce::String& key, const juce::String& value)
 {
-    auto* element = document.getChildByAttribute (nameAttribute, key);
+    bool isThere = false;
 
-    if (element == nullptr)
+    // A file edited by hand may name a key twice; the last one counts.
+    for (auto* element : document.getChildWithTagNameIterator (valueTag))
     {
-        element = document.createNewChildElement (valueTag);
-        element->setAttribute (nameAttribute, key);
+        if (element->compareAttribute (nameAttribute, key))
+        {
+            element->setAttribute (valueAttribute, value);
+            isThere = true;
+        }
     }
 
+    if (isThere)
+        return;
+
+    auto* element = document.createNewChildElement (valueTag);
+    element->setAttribute (nameAttribute, key);
     element->setAttribute (valueAttribute, value);
 }
 } // namespace

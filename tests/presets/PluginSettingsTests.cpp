@@ -140,6 +140,20 @@ TEST_F (PluginSettings, AnInstanceWritesOnlyWhatItSet)
     EXPECT_EQ (valueIn (home.settingsFile(), "Mine"), "kept");
 }
 
+TEST_F (PluginSettings, AKeyThatStandsTwiceTakesANewValue)
+{
+    writeFile (home.settingsFile(),
+               settingsWith ("0.25", "  <VALUE name=\"" + juce::String (ratioKey) + "\" val=\"0.75\"/>\n"));
+
+    {
+        WideLoomAudioProcessor processor;
+        EXPECT_EQ (processor.getDefaultEditorDesktopHeightRatio(), 0.75f) << "the last one counts";
+        processor.resetDefaultEditorDesktopHeightRatio();
+    }
+
+    EXPECT_EQ (WideLoomAudioProcessor().getDefaultEditorDesktopHeightRatio(), 0.5f);
+}
+
 TEST_F (PluginSettings, AnUnreadableFileIsPutAside)
 {
     const std::string damaged = "<PROPERTIES><VALUE name=\"Presets Folder\" val=\"/x\"></PROPERTIES";
