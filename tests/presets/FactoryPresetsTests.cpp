@@ -7,8 +7,50 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <cstdint>
+
 namespace
 {
+/** What a preset sets, as the bits of its floats: sessions and preset files hold them exactly. */
+struct FactoryRow
+{
+    const char* name;
+    std::uint32_t stereoWidth, safeBass, safeBassFreq;
+};
+
+constexpr FactoryRow factoryRows[] {
+    { "Init", 0x3F000000, 0x00000000, 0x3E926E98 },
+    { "TRACK Stereo 125%", 0x3F200000, 0x00000000, 0x3E926E98 },
+    { "TRACK Stereo 150%", 0x3F400000, 0x00000000, 0x3E926E98 },
+    { "TRACK Stereo 200%", 0x3F800000, 0x00000000, 0x3E926E98 },
+    { "GROUP Stereo 125% + SafeBass", 0x3F200000, 0x3F800000, 0x3EFAC711 },
+    { "GROUP Stereo 150% + SafeBass", 0x3F400000, 0x3F800000, 0x3EFAC711 },
+    { "GROUP Stereo 200% + SafeBass", 0x3F800000, 0x3F800000, 0x3EFAC711 },
+    { "MASTER Stereo 105% + SafeBass", 0x3F066666, 0x3F800000, 0x3E926E98 },
+    { "MASTER Stereo 110% + SafeBass", 0x3F0CCCCD, 0x3F800000, 0x3E926E98 },
+    { "MASTER Stereo 115% + SafeBass", 0x3F133333, 0x3F800000, 0x3E926E98 },
+    { "MASTER SafeBass 80 Hz", 0x3F000000, 0x3F800000, 0x3E116873 },
+    { "MASTER SafeBass 100 Hz", 0x3F000000, 0x3F800000, 0x3E3B645A },
+    { "MASTER SafeBass 150 Hz", 0x3F000000, 0x3F800000, 0x3E926E98 },
+    { "MASTER SafeBass 250 Hz", 0x3F000000, 0x3F800000, 0x3EFAC711 },
+};
+
+std::uint32_t expectedBits (const FactoryRow& preset, const ParameterRow& parameter)
+{
+    switch (parameter.id)
+    {
+        case ParameterId::stereoWidth:
+            return preset.stereoWidth;
+        case ParameterId::safeBass:
+            return preset.safeBass;
+        case ParameterId::safeBassFreq:
+            return preset.safeBassFreq;
+        default:
+            return std::bit_cast<std::uint32_t> (parameter.defaultValue);
+    }
+}
+
 class FactoryPresets : public testing::Test
 {
 protected:
@@ -33,6 +75,29 @@ TEST_F (FactoryPresets, HaveTheShapeOfAFileAndTheirOwnIdentity)
     EXPECT_EQ (tree.getNumChildren(), numParameters);
     EXPECT_EQ (processor.getParamValueFromValueTree (&tree, indexOf (ParameterId::stereoWidth)), 0.525f);
     EXPECT_FALSE (processor.getFactoryPresetTree (14).isValid());
+}
+
+TEST_F (FactoryPresets, HoldTheirThreeValuesAndTheDefaultsOfAllOthers)
+{
+    const auto names = processor.getAllFactoryPresetNames();
+    int presetID = 0;
+
+    for (const auto& preset : factoryRows)
+    {
+        auto tree = processor.getFactoryPresetTree (presetID);
+        EXPECT_EQ (names[presetID], preset.name);
+        EXPECT_EQ (tree["PresetName"].toString(), preset.name);
+        EXPECT_EQ (static_cast<int> (tree["PresetID"]), presetID);
+
+        for (const auto& row : parameterTable)
+        {
+            const float value = processor.getParamValueFromValueTree (&tree, indexOf (row.id));
+            EXPECT_EQ (std::bit_cast<std::uint32_t> (value), expectedBits (preset, row))
+                << preset.name << " " << row.name;
+        }
+
+        ++presetID;
+    }
 }
 
 TEST_F (FactoryPresets, LoadingIsOneStepAndResetsEverything)
