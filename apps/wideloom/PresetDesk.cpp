@@ -95,6 +95,8 @@ Problem PresetDesk::loadPreset (const std::string& name)
     if (! processor->loadUserPresetUndoableWithName (wanted))
         return "the user preset '" + name + "' cannot be loaded: it has changed meanwhile";
 
+    // As from the menu: the file's name wins over the one inside it, and sessions find the preset by it.
+    processor->changeProgramName (0, wanted);
     return {};
 }
 

@@ -221,6 +221,16 @@ TEST_F (PresetCommands, SavesWhatItLoadedAndReplacesWhenForced)
                  HasSubstr ("a factory preset has the name 'Init' too"));
 }
 
+TEST_F (PresetCommands, AUserPresetHasTheNameOfItsFile)
+{
+    ASSERT_EQ (UserPresetFile::read (readWholeFile (userPreset ("Mine"))).tree["PresetName"].toString(),
+               "Init");
+    succeed ("render in.wav a.wav --preset Mine --save-state a.state");
+    const auto state = readWholeFile (folder / "a.state");
+    EXPECT_THAT (state, HasSubstr (" programName=\"Mine\" "));
+    EXPECT_THAT (state, HasSubstr (" stepFactoryPresets=\"0\" "));
+}
+
 TEST_F (PresetCommands, SavesNothingWhenTheRenderingFails)
 {
     EXPECT_EQ (run ("render in.wav - --save-preset New --save-state new.state > /dev/full").status, 1);
