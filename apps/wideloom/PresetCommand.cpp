@@ -99,9 +99,9 @@ void addConvert (CLI::App& group, ExitStatus& status)
     const auto options = std::make_shared<ConvertOptions>();
     command->add_option ("IN", options->input, "Preset file, .q7p")->required();
     command->add_option ("OUT", options->output, "Preset file to write; - is standard output")->required();
-    auto* const plain =
-        command->add_flag ("--plain", options->plain, "Readable text, as the effect saves; the default");
-    command->add_flag ("--compressed", options->compressed, "Compressed text")->excludes (plain);
+    auto* const plain = command->add_flag ("--plain", options->plain, "Readable text; the default");
+    command->add_flag ("--compressed", options->compressed, "Compressed text, as the editor saves")
+        ->excludes (plain);
     command->add_flag ("--force", options->force, "Replace OUT if it exists");
     command->callback ([options, &status] { report (convert (*options), status); });
 }
