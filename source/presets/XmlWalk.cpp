@@ -32,6 +32,12 @@ constexpr bool continuesName (char c)
     return startsName (c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
 }
 
+/** The letter in lower case, if it is an ASCII one. */
+constexpr char lowerCase (char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char> (c - 'A' + 'a') : c;
+}
+
 /** A number in a character reference. */
 bool isCharacterNumber (std::string_view digits, int base)
 {
@@ -55,8 +61,12 @@ bool isKnownReference (std::string_view name)
     if (name.starts_with ('#'))
         return isCharacterNumber (name.substr (1), 10);
 
-    for (const auto* known : { "amp", "quot", "apos", "lt", "gt" })
-        if (juce::String (name.data(), name.size()).equalsIgnoreCase (known))
+    for (const std::string_view known : { "amp", "quot", "apos", "lt", "gt" })
+        if (std::equal (name.begin(),
+                        name.end(),
+                        known.begin(),
+                        known.end(),
+                        [] (char a, char b) { return lowerCase (a) == b; }))
             return true;
 
     return false;

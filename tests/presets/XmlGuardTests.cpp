@@ -93,6 +93,8 @@ std::vector<XmlCase> xmlCases()
         { "EntityInsideTheRoot", "<a><!ENTITY b 'c'></a>", false },
         { "InstructionInsideTheRoot", "<a><?pi?>text</a>", false },
         { "UnknownReference", "<a>&bogus;</a>", false },
+        { "UnknownReferenceBeyondAscii", "<a>&\xc3\xa9;</a>", false },
+        { "UnknownReferenceThatStartsLikeAKnownOne", "<a>&ampere;</a>", false },
         { "ManyBareAmpersands", "<a>" + std::string (250000, '&') + "</a>", false },
         { "ReferenceToZero", "<a b='&#0;'/>", false },
         { "ReferenceToASurrogate", "<a b='&#xD800;'/>", false },
