@@ -131,6 +131,7 @@ TEST_F (UserPresets, LoadingByPositionIsOneStepAndTheFilesNameWins)
     processor.undoLastParameterChange();
     EXPECT_EQ (processor.getCurrentPresetName(), "Init*");
     EXPECT_EQ (liveValue (processor, "Pan"), 0.25f);
+    EXPECT_FALSE (tree.hasProperty ("PresetID")) << "what the load wrote is undone with it";
 }
 
 TEST_F (UserPresets, LoadingByNameTakesTheNameInTheFile)
