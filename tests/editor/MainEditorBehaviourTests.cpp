@@ -324,29 +324,6 @@ TEST (MainEditorBehaviour, ArrowsStepThroughPresetsAndHistory)
     EXPECT_EQ (name.getText(), test.processor.getAllFactoryPresetNames()[3]);
 }
 
-TEST (MainEditorBehaviour, ColourSchemesReachButtonsKnobsAndProcessor)
-{
-    EditorUnderTest test;
-    const auto buttonColour = [&] (const char* id)
-    { return test.control<juce::Button> (id).findColour (juce::TextButton::buttonColourId); };
-    const auto knobColour = [&] (const char* id)
-    { return test.control<juce::Slider> (id).findColour (juce::Slider::backgroundColourId); };
-    const juce::Colour darkGrey { 51, 51, 51 };
-
-    test.panel().useDarkClassicColourScheme();
-    EXPECT_EQ (test.processor.getCurrentColourSchemeBrightness(), 0.0f);
-    EXPECT_EQ (buttonColour ("saveButton"), darkGrey);
-    EXPECT_EQ (buttonColour ("nextButton"), darkGrey);
-    EXPECT_EQ (buttonColour ("undoButton"), darkGrey.brighter (0.3f));
-    EXPECT_EQ (knobColour ("panSlider"), juce::Colours::black);
-
-    test.panel().useBrightEyesColourScheme();
-    EXPECT_EQ (test.processor.getCurrentColourSchemeBrightness(), 0.3f);
-    EXPECT_EQ (buttonColour ("saveButton"), darkGrey.brighter (0.3f));
-    EXPECT_EQ (buttonColour ("undoButton"), darkGrey.brighter (0.3f));
-    EXPECT_EQ (knobColour ("panSlider"), darkGrey);
-}
-
 //==================================================================================================
 // Knobs
 
