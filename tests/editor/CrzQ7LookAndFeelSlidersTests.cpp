@@ -255,7 +255,9 @@ struct TrackCase
     bool enabled;
     juce::Rectangle<int> area; // touched by the track and its outline, in pixels
     juce::Point<int> nearEdge; // 1.5 pixels into the track from its upper or left edge
-    int grey;                  // there
+    int nearGrey;              // there
+    juce::Point<int> farEdge;  // 1.5 pixels into it from the opposite edge
+    int farGrey;
 };
 
 class LinearTrack : public testing::TestWithParam<TrackCase>
@@ -282,8 +284,10 @@ TEST_P (LinearTrack, LiesInTheMiddleAndIsShadedFromOneEdge)
         { lookAndFeel.drawLinearSliderBackground (g, 20, 20, width, height, 0, 0, 0, row.style, slider); });
 
     EXPECT_EQ (areaOtherThan (image, ground), row.area);
-    EXPECT_TRUE (pixelIsNear (
-        image, row.nearEdge, Colour::greyLevel (static_cast<float> (row.grey) / 255.0f), rounding));
+
+    const auto grey = [] (int level) { return Colour::greyLevel (static_cast<float> (level) / 255.0f); };
+    EXPECT_TRUE (pixelIsNear (image, row.nearEdge, grey (row.nearGrey), rounding));
+    EXPECT_TRUE (pixelIsNear (image, row.farEdge, grey (row.farGrey), rounding));
 }
 
 // The thumb radius is 9, so the track is 7 wide and 7 longer than the area. White under black at 19/255 and
@@ -292,11 +296,32 @@ INSTANTIATE_TEST_SUITE_P (
     Tracks,
     LinearTrack,
     testing::Values (
-        TrackCase { "Horizontal", Slider::LinearHorizontal, true, { 16, 26, 108, 9 }, { 70, 28 }, 239 },
+        TrackCase { "Horizontal",
+                    Slider::LinearHorizontal,
+                    true,
+                    { 16, 26, 108, 9 },
+                    { 70, 28 },
+                    239,
+                    { 70, 32 },
+                    246 },
+        TrackCase { "HorizontalDisabled",
+                    Slider::LinearHorizontal,
+                    false,
+                    { 16, 26, 108, 9 },
+                    { 70, 28 },
+                    247,
+                    { 70, 32 },
+                    248 },
         TrackCase {
-            "HorizontalDisabled", Slider::LinearHorizontal, false, { 16, 26, 108, 9 }, { 70, 28 }, 247 },
-        TrackCase { "Vertical", Slider::LinearVertical, true, { 26, 16, 9, 108 }, { 28, 70 }, 239 },
-        TrackCase { "VerticalDisabled", Slider::LinearVertical, false, { 26, 16, 9, 108 }, { 28, 70 }, 247 }),
+            "Vertical", Slider::LinearVertical, true, { 26, 16, 9, 108 }, { 28, 70 }, 239, { 32, 70 }, 246 },
+        TrackCase { "VerticalDisabled",
+                    Slider::LinearVertical,
+                    false,
+                    { 26, 16, 9, 108 },
+                    { 28, 70 },
+                    247,
+                    { 32, 70 },
+                    248 }),
     rowName<TrackCase>);
 
 TEST (CrzQ7LookAndFeelLinear, DrawsTheThumbOverTheTrack)

@@ -153,6 +153,43 @@ INSTANTIATE_TEST_SUITE_P (States,
                                            ResizerCase { "OverAndDragged", true, true, { 0, 0, 0 } }),
                           rowName<ResizerCase>);
 
+struct ArrowPlace
+{
+    const char* name;
+    int along, across; // pixels down the diagonal, and to either side of it
+    Colour expected;
+};
+
+class CornerResizerShape : public testing::TestWithParam<ArrowPlace>
+{
+};
+
+TEST_P (CornerResizerShape, IsThatOfTwoArrows)
+{
+    const auto& row = GetParam();
+    CrzQ7LookAndFeelV1 lookAndFeel;
+    const auto image =
+        painted (100,
+                 100,
+                 white,
+                 [&] (juce::Graphics& g) { lookAndFeel.drawCornerResizer (g, 100, 100, false, true); });
+
+    for (const int across : { row.across, -row.across })
+        EXPECT_TRUE (pixelIsNear (image, { row.along + across, row.along - across }, row.expected, 0))
+            << across;
+}
+
+// The shafts are 24 thick, the heads 44 wide where they begin: 64.8 and 53.2 down the diagonal.
+INSTANTIATE_TEST_SUITE_P (Places,
+                          CornerResizerShape,
+                          testing::Values (ArrowPlace { "InTheShaft", 61, 7, black },
+                                           ArrowPlace { "BesideTheShaft", 61, 10, white },
+                                           ArrowPlace { "InTheOutwardHead", 66, 12, black },
+                                           ArrowPlace { "BesideTheOutwardHead", 66, 17, white },
+                                           ArrowPlace { "InTheInwardHead", 50, 12, black },
+                                           ArrowPlace { "BesideTheInwardHead", 50, 17, white }),
+                          rowName<ArrowPlace>);
+
 TEST (CrzQ7LookAndFeelResizer, TakesTheInwardTipFromBothSides)
 {
     CrzQ7LookAndFeelV1 lookAndFeel;
