@@ -11,6 +11,7 @@
 #include <editor/ResizerForEditor.h>
 
 #include <gtest/gtest.h>
+#include <support/Painting.h>
 
 #include <string>
 
@@ -176,6 +177,7 @@ TEST (EditorShell, HandsTheMetersTheirPeaksAndStartsThemAnew)
     test.editor->timerCallback();
     const auto after = paintedPicture (test.panel());
     EXPECT_FALSE (test.processor.getInputVuMeterVisuals().left > 0.0f);
+    EXPECT_EQ (test.editor->getTimerInterval(), 70);
 
     const auto differs = [&] (const juce::String& id)
     {
@@ -190,6 +192,19 @@ TEST (EditorShell, HandsTheMetersTheirPeaksAndStartsThemAnew)
     };
     EXPECT_GT (differs ("inputVuMeter"), 0);
     EXPECT_GT (differs ("outputVuMeter"), 0);
+}
+
+TEST (EditorShell, HandleWithoutAPanelResizesAllTheSame)
+{
+    juce::Component window;
+    window.setSize (100, 80);
+    juce::ComponentBoundsConstrainer constrainer;
+    ResizerForEditor handle (&window, &constrainer, nullptr);
+
+    handle.mouseDown (handleEvent (handle, {}));
+    static_cast<juce::Component&> (handle).mouseDrag (handleEvent (handle, { 20.0f, 30.0f }));
+    handle.mouseUp (handleEvent (handle, { 20.0f, 30.0f }));
+    EXPECT_EQ (sizeOf (window), juce::Point<int> (120, 110));
 }
 
 class EditorShellPicture : public testing::TestWithParam<float>
@@ -219,10 +234,30 @@ TEST_P (EditorShellPicture, ShowsArrowsAndTheWordOnAFlatGround)
         EXPECT_EQ (at (x, y), ground) << x << ", " << y;
     EXPECT_EQ (at (170, 110), ground); // just beyond the tip
 
+    // On both sides of the axis of the arrow at the top left, as in its three mirror images.
+    struct Sides
+    {
+        juce::Point<int> upper, lower;
+        juce::Colour expected;
+    };
+    for (const auto& [upper, lower, expected] :
+         { Sides { { 299, 139 }, { 244, 222 }, juce::Colours::black }, // within the head, near its base
+           Sides { { 313, 132 }, { 242, 239 }, ground },               // beside it
+           Sides { { 349, 202 }, { 321, 244 }, juce::Colours::black }, // within the shaft
+           Sides { { 355, 193 }, { 315, 253 }, ground } })             // beside it
+        for (const auto& place : { upper, lower })
+            for (const int x : { place.x, 899 - place.x })
+                for (const int y : { place.y, 599 - place.y })
+                    EXPECT_EQ (at (x, y), expected) << x << ", " << y;
+
     const juce::Rectangle<int> word (360, 240, 180, 120);
     const juce::Rectangle<int> core = word.withSizeKeepingCentre (160, 60);
     EXPECT_GT (countPixels (image, core, juce::Colours::black, 40), 300);
     EXPECT_EQ (countPixels (image, word.withTrimmedBottom (90), ground, 0), 180 * 30);
+
+    // Capitals of a font of 60 pixels; the round ones make 31.5 pixels 32.3, and so touch 33 or 34 rows.
+    const auto letters = areaOtherThan (image.getClippedImage (word.reduced (4)).createCopy(), ground);
+    EXPECT_NEAR (letters.getHeight(), 33, 1);
 }
 
 INSTANTIATE_TEST_SUITE_P (Schemes,
