@@ -161,17 +161,6 @@ void showEverything (EditorUnderTest& test)
     test.panel().updateAll();
 }
 
-std::vector<juce::Component*> visibleControls (MainEditorComponent& panel)
-{
-    std::vector<juce::Component*> result;
-
-    for (auto* child : panel.getChildren())
-        if (child->isVisible())
-            result.push_back (child);
-
-    return result;
-}
-
 using Pair = std::pair<std::string, std::string>;
 
 Pair overlap (const std::string& a, const std::string& b)
@@ -179,32 +168,114 @@ Pair overlap (const std::string& a, const std::string& b)
     return a < b ? Pair { a, b } : Pair { b, a };
 }
 
-TEST (MainEditorLayout, OnlyTheNamedControlsOverlap)
+/** A state of the panel, and the only controls in it that may lie over each other. */
+struct OverlapCase
 {
-    const std::set<Pair> named {
-        overlap ("stereoWidthLabel", "stereoComponent"), // the numbers stand inside the picture
+    const char* name;
+    void (*enter) (EditorUnderTest& test);
+    const char* parent; ///< whose controls are meant; null for the panel itself
+    std::set<Pair> named;
+};
+
+// The texts of the info screen have no names: the credits are its first child, the legal text its second.
+const OverlapCase overlapCases[] = {
+    { "Everything",
+      showEverything,
+      nullptr,
+      { overlap ("stereoWidthLabel", "stereoComponent"), // the numbers stand inside the picture
         overlap ("panLabel", "stereoComponent"),
-        overlap ("panSlider", "stereoWidthSlider"),       // only their empty edges
-        overlap ("stereoWidthSlider", "bottomInfoLabel"), // the knob itself is smaller
-    };
+        overlap ("panSlider", "stereoWidthSlider"),           // only their empty edges
+        overlap ("stereoWidthSlider", "bottomInfoLabel") } }, // the knob itself is smaller
+    { "Bypassed",
+      [] (EditorUnderTest& test)
+      { test.panel().setEditorParameterValue (indexOf (ParameterId::bypass), 1.0f); },
+      nullptr,
+      {} },
+    { "MutedAll",
+      [] (EditorUnderTest& test)
+      { test.panel().setEditorParameterValue (indexOf (ParameterId::muteAll), 1.0f); },
+      nullptr,
+      {} },
+    { "Saving",
+      [] (EditorUnderTest& test) { test.panel().showManagePresetsComponent(); },
+      nullptr,
+      { overlap ("managePresetsComponent", "stereoComponent") } }, // it covers the picture exactly
+    { "Resizing", [] (EditorUnderTest& test) { test.panel().resizingStarted(); }, nullptr, {} },
+    { "PanLaws", showEverything, "panLawGroup", {} },
+    { "PanCurves", showEverything, "panCurveGroup", {} },
+    { "StereoModes", showEverything, "msModeGroup", {} },
+    { "PanModes", showEverything, "panModeGroup", {} },
+    { "SavingPanel",
+      [] (EditorUnderTest& test) { test.panel().showManagePresetsComponent(); },
+      "managePresetsComponent",
+      {} },
+    { "InfoScreen",
+      [] (EditorUnderTest& test) { test.panel().showInfoComponent(); },
+      "infoComponent",
+      { overlap ("child 0", "child 1"),                // only the empty end of the credits
+        overlap ("child 1", "CLOSE"),                  // only the empty end of the legal text
+        overlap ("child 1", "CLEAR UNDO HISTORY") } }, // only its empty right edge
+};
+
+/** By its ID, else its caption, else its place among its siblings. */
+std::string nameOf (const juce::Component& control)
+{
+    if (control.getComponentID().isNotEmpty())
+        return control.getComponentID().toStdString();
+
+    if (const auto* button = dynamic_cast<const juce::Button*> (&control))
+        return button->getButtonText().toStdString();
+
+    return "child " + std::to_string (control.getParentComponent()->getIndexOfChildComponent (&control));
+}
+
+std::vector<juce::Component*> visibleControls (juce::Component& parent)
+{
+    std::vector<juce::Component*> result;
+
+    for (auto* child : parent.getChildren())
+        if (child->isVisible())
+            result.push_back (child);
+
+    return result;
+}
+
+std::set<Pair> overlapsIn (juce::Component& parent)
+{
+    const auto controls = visibleControls (parent);
+    std::set<Pair> found;
+
+    for (size_t i = 0; i < controls.size(); ++i)
+        for (size_t j = i + 1; j < controls.size(); ++j)
+            if (controls[i]->getBounds().intersects (controls[j]->getBounds()))
+                found.insert (overlap (nameOf (*controls[i]), nameOf (*controls[j])));
+
+    return found;
+}
+
+class MainEditorOverlap : public testing::TestWithParam<OverlapCase>
+{
+};
+
+TEST_P (MainEditorOverlap, IsOnlyOfTheNamedControls)
+{
+    const auto& row = GetParam();
 
     for (const int height : { 250, 400, 600, 800 })
     {
         EditorUnderTest test;
-        showEverything (test);
         setHeight (test, height);
-        const auto controls = visibleControls (test.panel());
-        std::set<Pair> found;
-
-        for (size_t i = 0; i < controls.size(); ++i)
-            for (size_t j = i + 1; j < controls.size(); ++j)
-                if (controls[i]->getBounds().intersects (controls[j]->getBounds()))
-                    found.insert (overlap (controls[i]->getComponentID().toStdString(),
-                                           controls[j]->getComponentID().toStdString()));
-
-        EXPECT_EQ (found, named) << "at " << height;
+        row.enter (test);
+        auto& parent = row.parent != nullptr ? test.control<juce::Component> (row.parent) : test.panel();
+        EXPECT_FALSE (visibleControls (parent).empty());
+        EXPECT_EQ (overlapsIn (parent), row.named) << "at " << height;
     }
 }
+
+INSTANTIATE_TEST_SUITE_P (States,
+                          MainEditorOverlap,
+                          testing::ValuesIn (overlapCases),
+                          [] (const auto& row) { return std::string (row.param.name); });
 
 //==================================================================================================
 // Texts
