@@ -78,14 +78,15 @@ class DrivenChoices : public DrivenEditor, public testing::WithParamInterface<Ch
 TEST_P (DrivenChoices, AreOneStepEach)
 {
     const auto& row = GetParam();
-    constexpr float another = 0.3f; // shown as the last choice, and equal to none
-    processor->setParamAndNotifyHost (
-        parameterTable[static_cast<size_t> (row.parameter)].name, row.value == 0.2f ? 0.0f : another, true);
-    clickUntil ("expertModeButton", [&] { return control (row.toggle).isShowing(); });
     auto& toggle = dynamic_cast<juce::Button&> (control (row.toggle));
 
-    if (toggle.getToggleState()) // the last of its group: from the first, then
-        return;
+    // From a choice that is not this one: the first of its group, or for the first what shows as the last.
+    constexpr float first = 0.0f, pastTheLast = 0.3f;
+    processor->setParamAndNotifyHost (parameterTable[static_cast<size_t> (row.parameter)].name,
+                                      row.value == first ? pastTheLast : first,
+                                      true);
+    clickUntil ("expertModeButton", [&] { return toggle.isShowing(); });
+    ASSERT_TRUE (waitUntil ([&] { return ! toggle.getToggleState(); }));
 
     const int stepsBefore = countUndoSteps();
     clickUntil (row.toggle, [&] { return valueOf (row.parameter) == row.value; });
