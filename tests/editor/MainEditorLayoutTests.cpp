@@ -384,7 +384,25 @@ TEST_P (MainEditorTextFit, EveryValueAndTooltipFits)
                        mapper->normed2RealValueAsString (static_cast<float> (step) / 1000.0f));
     }
 
+    for (const char* sliderId : { "inputGainSlider", "outputGainSlider", "safeBassFreqSlider" })
+    {
+        auto& slider = test.control<CrzRotarySlider> (sliderId);
+        auto* valueText = findChildOfClass<juce::Label> (slider);
+        ASSERT_NE (valueText, nullptr) << sliderId;
+
+        for (int step = 0; step <= 1000; ++step)
+            expectFit (*valueText, slider.getTextFromValue (static_cast<double> (step) / 1000.0));
+    }
+
     auto& infoLine = test.control<juce::Label> ("bottomInfoLabel");
+
+    for (const char* message : { "PRESET NAME: new preset name not accepted !!!",
+                                 "SAVE: OK, user preset was saved !",
+                                 "SAVE: FAILED, user preset was NOT saved !",
+                                 "CANCEL: preset was NOT saved ...",
+                                 "STEREO WIDTH: is 0%, because MONO is on ...",
+                                 "choose from popup menu ..." })
+        expectFit (infoLine, message);
 
     for (const auto& row : placeCases)
         if (auto* client =
