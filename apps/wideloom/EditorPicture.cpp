@@ -90,13 +90,24 @@ juce::Image paintedWithMenu (WideLoomAudioProcessorEditor& editor, WideLoomAudio
         editor.getHeight(), menuAt.y + menuSize.getHeight(), subMenuAt.y + subMenuSize.getHeight());
     return image.getClippedImage ({ image.getWidth(), used }).createCopy();
 }
+
+/** As a host does that plays stereo. The processor learns its sample rate from the first block. */
+void playSilence (WideLoomAudioProcessor& processor)
+{
+    constexpr int stereo = 2; // channels
+    processor.setPlayConfigDetails (stereo, stereo, sampleRate, blockSize);
+    processor.prepareToPlay (sampleRate, blockSize);
+
+    juce::AudioBuffer<float> silence (stereo, blockSize);
+    silence.clear();
+    juce::MidiBuffer noMidi;
+    processor.processBlock (silence, noMidi);
+}
 } // namespace
 
 juce::Image paintEditorPicture (WideLoomAudioProcessor& processor, const EditorPictureRequest& request)
 {
-    // As a host has it that plays stereo.
-    processor.setPlayConfigDetails (2, 2, sampleRate, blockSize);
-    processor.prepareToPlay (sampleRate, blockSize);
+    playSilence (processor);
 
     processor.setEditorHeight (request.height);
     processor.setCurrentColourSchemeBrightness (request.isDark ? darkBrightness : brightBrightness);

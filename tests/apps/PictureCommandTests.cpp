@@ -149,5 +149,8 @@ TEST (EditorPicture, LeavesNoEditorOpen)
     EXPECT_GE (image.getWidth(), 450);
     EXPECT_EQ (processor.getActiveEditor(), nullptr);
     EXPECT_EQ (processor.getEditorHeight(), 300);
+
+    // The info screen names the rate at which it plays.
+    EXPECT_EQ (processor.getLastSampleRateString(), "48000 Hz");
 }
 } // namespace
