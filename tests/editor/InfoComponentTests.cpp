@@ -13,8 +13,8 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <string>
+#include <vector>
 
 namespace
 {
@@ -258,6 +258,83 @@ TEST_F (InfoComponentTest, PaintsFrameAndFacts)
             << y;
 }
 
+/** A line of text. x and width are shares of the screen's width, y and height of its height. */
+struct FactCase
+{
+    juce::String text;
+    float x, y, width, height;
+    int justification;
+};
+
+int countDifferences (const juce::Image& a, const juce::Image& b, juce::Rectangle<int> area)
+{
+    int count = 0;
+
+    for (int y = area.getY(); y < area.getBottom(); ++y)
+        for (int x = area.getX(); x < area.getRight(); ++x)
+            count += a.getPixelAt (x, y) != b.getPixelAt (x, y);
+
+    return count;
+}
+
+TEST_F (InfoComponentTest, WritesItsFactsInTheirPlaces)
+{
+    constexpr float screenWidth = 900.0f, screenHeight = 600.0f, fontHeight = 0.055f;
+    constexpr int centred = juce::Justification::centred;
+    constexpr int left = juce::Justification::left;
+
+    resizeTo (600);
+    test.processor.setPlayConfigDetails (2, 2, 48000.0, 16);
+    juce::AudioBuffer<float> block (2, 16);
+    block.clear();
+    juce::MidiBuffer noMidi;
+    test.processor.processBlock (block, noMidi);
+
+    const FactCase facts[] = {
+        { "CURRENT SIZE:", 0.035f, 0.13f, 0.13f, 0.05f, centred },
+        { "900,600", 0.035f, 0.18f, 0.13f, 0.05f, centred },
+        { "DEFAULT SIZE:", 0.035f, 0.43f, 0.13f, 0.05f, centred },
+        { "750,500", 0.035f, 0.48f, 0.13f, 0.05f, centred },
+        { "SAMPLERATE:", 0.82f, 0.03f, 0.18f, 0.02f, left },
+        { "48000 Hz", 0.82f, 0.08f, 0.18f, 0.02f, left },
+        { juce::SystemStats::getOperatingSystemName(), 0.82f, 0.18f, 0.18f, 0.02f, left },
+        { juce::SystemStats::isOperatingSystem64Bit() ? "64 bit" : "32 bit",
+          0.82f,
+          0.23f,
+          0.18f,
+          0.02f,
+          left },
+        { "Host / DAW :", 0.82f, 0.33f, 0.18f, 0.02f, left },
+        { juce::PluginHostType().getHostDescription(), 0.82f, 0.38f, 0.18f, 0.02f, left },
+        { "In / Out :", 0.82f, 0.48f, 0.18f, 0.02f, left },
+        { "2 / 2", 0.82f, 0.53f, 0.18f, 0.02f, left },
+    };
+
+    juce::Image expected (juce::Image::ARGB, 900, 600, true);
+
+    {
+        juce::Graphics g (expected);
+        g.fillAll (CrzQ7Colours::q7complementColourA);
+        g.setFont (textAreas (screen())[0]->getFont().withHeight (screenHeight * fontHeight));
+        g.setColour (juce::Colours::black);
+
+        for (const auto& fact : facts)
+        {
+            const juce::Rectangle<int> box (static_cast<int> (fact.x * screenWidth),
+                                            static_cast<int> (fact.y * screenHeight),
+                                            static_cast<int> (fact.width * screenWidth),
+                                            static_cast<int> (fact.height * screenHeight));
+            g.drawFittedText (fact.text, box, fact.justification, 1, 0.7f);
+        }
+    }
+
+    // Between the buttons at the left, and right of the text areas above the button.
+    const auto picture = paintedPicture (screen());
+    EXPECT_EQ (countDifferences (picture, expected, { 20, 61, 150, 94 }), 0);
+    EXPECT_EQ (countDifferences (picture, expected, { 20, 241, 150, 94 }), 0);
+    EXPECT_EQ (countDifferences (picture, expected, { 738, 0, 162, 450 }), 0);
+}
+
 TEST_F (InfoComponentTest, ShowsTheValuesOfTheMoment)
 {
     const auto factArea = [] (int y) { return juce::Rectangle<int> (615, y, 134, 25); };
@@ -267,13 +344,7 @@ TEST_F (InfoComponentTest, ShowsTheValuesOfTheMoment)
     const auto cut = [&] (juce::Rectangle<int> area)
     { return paintedPicture (screen()).getClippedImage (area).createCopy(); };
     const auto same = [] (const juce::Image& a, const juce::Image& b)
-    {
-        for (int y = 0; y < a.getHeight(); ++y)
-            for (int x = 0; x < a.getWidth(); ++x)
-                if (a.getPixelAt (x, y) != b.getPixelAt (x, y))
-                    return false;
-        return true;
-    };
+    { return countDifferences (a, b, a.getBounds()) == 0; };
 
     const auto unknownRate = cut (sampleRateText);
     const auto channelsBefore = cut (channelsText);
