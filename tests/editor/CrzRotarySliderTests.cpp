@@ -162,6 +162,21 @@ TEST (CrzRotarySliderMouse, GoesSlowlyFromTheMomentThatShiftIsDown)
     EXPECT_FALSE (knob.getVelocityBasedMode());
 }
 
+TEST (CrzRotarySliderMouse, NoKeyButShiftSlowsADrag)
+{
+    for (const int modifiers : { juce::ModifierKeys::commandModifier, juce::ModifierKeys::altModifier })
+    {
+        WatchedKnob knob;
+        synthetic_mouse::Pointer pointer (knob);
+
+        pointer.press (pressPoint);
+        pointer.drag (above (35.0f), modifiers);
+        EXPECT_NEAR (knob.getValue(), 0.35, step) << modifiers;
+        pointer.release (above (35.0f), modifiers);
+        EXPECT_EQ (knob.gestures, "()") << modifiers;
+    }
+}
+
 TEST (CrzRotarySliderMouse, ResetsOnACommandClickAndLeavesThePointer)
 {
     WatchedKnob knob;

@@ -220,6 +220,83 @@ TEST (StereoComponent, FramesItsGround)
     EXPECT_EQ (image.getPixelAt (emptyPlace.x, emptyPlace.y).getRed(), 26);
 }
 
+TEST (StereoComponent, WritesItsCaptionsInTheirPlaces)
+{
+    struct Row
+    {
+        const char* text;
+        juce::Rectangle<int> box; ///< pixels
+        int justification;
+    };
+
+    const Row rows[] = { { "LEFT", { 18, 192, 72, 24 }, juce::Justification::left },
+                         { "RIGHT", { 270, 192, 72, 24 }, juce::Justification::right },
+                         { "STEREO WIDTH:", { 18, 17, 101, 24 }, juce::Justification::left },
+                         { "PAN:", { 234, 17, 108, 24 }, juce::Justification::right } };
+    constexpr float narrowestText = 0.4f;
+
+    juce::Font font (17.0f);
+    Picture picture (&font);
+    picture.component.setStereoWidth (0.0f); // no line of it comes near a caption
+    const auto image = picture.paint();
+
+    juce::Image expected (juce::Image::ARGB, width, height, true);
+
+    {
+        juce::Graphics g (expected);
+        g.setColour (juce::Colours::black);
+        g.fillRoundedRectangle (wholePicture.toFloat(), 6.0f);
+        g.setColour (juce::Colours::white.withAlpha (0.1f));
+        g.fillRoundedRectangle (wholePicture.toFloat().reduced (12.0f), 6.0f);
+        g.setFont (font.withHeight (24.0f));
+        g.setColour (juce::Colours::darkgrey);
+
+        for (const auto& row : rows)
+            g.drawFittedText (row.text, row.box, row.justification, 1, narrowestText);
+    }
+
+    for (const auto& row : rows)
+    {
+        const auto ground = image.getPixelAt (emptyPlace.x, emptyPlace.y);
+        const int numPixels = row.box.getWidth() * row.box.getHeight();
+        EXPECT_LT (countPixels (image, row.box, ground, 0), numPixels - 50) << row.text;
+
+        int differences = 0;
+
+        for (int y = row.box.getY(); y < row.box.getBottom(); ++y)
+            for (int x = row.box.getX(); x < row.box.getRight(); ++x)
+                differences += image.getPixelAt (x, y) != expected.getPixelAt (x, y);
+
+        EXPECT_EQ (differences, 0) << row.text;
+    }
+}
+
+TEST (StereoComponent, DashesItsCentreLine)
+{
+    // 3 % and 1.5 % of the 240 pixels, from the top of the field.
+    constexpr float dash = 7.2f, gap = 3.6f;
+    constexpr int line = width / 2; // one pixel wide, half of it in this column
+    constexpr int ground = 26, halfCovered = 55;
+
+    Picture picture;
+    picture.component.setStereoWidth (1.0f); // its upper edge is 139 pixels down
+    const auto image = picture.paint();
+    const auto redAt = [&image] (int x, float y)
+    { return static_cast<int> (image.getPixelAt (x, static_cast<int> (y)).getRed()); };
+
+    EXPECT_EQ (redAt (line, field.getY() - 2.0f), ground);
+
+    for (int i = 0; i < 10; ++i)
+    {
+        const float start = field.getY() + static_cast<float> (i) * (dash + gap);
+        constexpr int rounding = 3; // of the blend
+        EXPECT_NEAR (redAt (line, start + dash / 2.0f), halfCovered, rounding) << i;
+        EXPECT_EQ (redAt (line, start + dash + gap / 2.0f), ground) << i;
+        EXPECT_EQ (redAt (line - 2, start + dash / 2.0f), ground) << i;
+        EXPECT_EQ (redAt (line + 1, start + dash / 2.0f), ground) << i;
+    }
+}
+
 TEST (StereoComponent, SharedFontKeepsItsHeight)
 {
     juce::Font font (17.0f);
