@@ -112,6 +112,29 @@ TEST_F (DrivenMenu, ClosesWhenTheMouseLeavesIt)
     EXPECT_TRUE (control ("infoComponent").isVisible());
 }
 
+TEST_F (DrivenMenu, LooksForTheMouseOnceASecond)
+{
+    openMenu();
+    auto* item = findMenuItem ("Show Info / Settings Screen");
+    ASSERT_NE (item, nullptr);
+    person.moveTo (*item);
+
+    // Far ahead of the clock, so that the panel's own timer does not look in between.
+    const auto lookedAt = juce::Time::getCurrentTime() + juce::RelativeTime::minutes (1.0);
+    panel().poll (lookedAt);
+    EXPECT_FALSE (openMenus().empty());
+
+    // Over the panel: the keyboard stays with the editor, so nothing else closes the menu.
+    const auto elsewhere = panel().getScreenBounds().getCentre();
+    person.moveAwayTo (elsewhere);
+    ASSERT_TRUE (waitUntil ([&] { return juce::Desktop::getMousePosition() == elsewhere; }));
+
+    panel().poll (lookedAt + juce::RelativeTime::seconds (1.0));
+    EXPECT_FALSE (openMenus().empty());
+    panel().poll (lookedAt + juce::RelativeTime::seconds (1.1));
+    EXPECT_TRUE (openMenus().empty());
+}
+
 TEST_F (DrivenMenu, ClosesWithAClickElsewhereAndChangesNothing)
 {
     const auto steps = countUndoSteps();
