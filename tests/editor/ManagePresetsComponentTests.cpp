@@ -197,6 +197,10 @@ TEST_F (ManagePresetsComponentTest, ButtonsSaveAndCancel)
     EXPECT_EQ (cancelButton().getButtonText(), "CANCEL");
     EXPECT_EQ (cancelButton().getTooltip(), "CANCEL: DO NOT SAVE this preset and close dialog");
 
+    for (const auto* button : { &saveButton(), &cancelButton() })
+        EXPECT_EQ (button->findColour (juce::TextButton::buttonColourId),
+                   CrzQ7Colours::q7darkGrey.brighter (0.3f));
+
     type ("Mine");
     saveButton().triggerClick();
     deliverPostedMessages();

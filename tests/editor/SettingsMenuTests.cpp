@@ -5,6 +5,7 @@
 
 #include "EditorUnderTest.h"
 
+#include <editor/CrzQ7Colours.h>
 #include <editor/InfoComponent.h>
 #include <editor/ManagePresetsComponent.h>
 #include <editor/SettingsMenu.h>
@@ -225,6 +226,8 @@ TEST_F (SettingsMenuTest, OpensWithoutADisplayAsIfDismissedAtOnce)
     test.control<juce::Button> ("settingsPopupButton").triggerClick();
     juce::MessageManager::getInstance()->runDispatchLoopUntil (1);
     EXPECT_EQ (test.control<juce::Label> ("bottomInfoLabel").getText(), "choose from popup menu ...");
+    EXPECT_EQ (test.panel().getLookAndFeel().findColour (juce::PopupMenu::highlightedBackgroundColourId),
+               CrzQ7Colours::q7complementColourA);
     EXPECT_FALSE (test.processor.canUndoOrRedo());
 }
 } // namespace
