@@ -10,7 +10,7 @@
 class CEffectMIDIWorld;
 
 /** Each read returns 0, or ficTransportTooOld if the host's interface lacks it, or the host's own refusal.
-   Only a read that returns 0 writes its results. */
+   Only a read that returns 0 has told anything: what a host writes when it refuses does not count. */
 class CEffectMIDITransport
 {
 public:

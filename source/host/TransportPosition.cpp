@@ -3,6 +3,8 @@
 
 #include "TransportPosition.h"
 
+#include "HostInterface.h"
+
 #include <array>
 
 namespace
@@ -43,26 +45,38 @@ struct TransportState
 {
     double tempo = 120.0;
     std::int32_t numerator = 4, denominator = 4;
-    bool isPlaying = false;
+    unsigned char playing = 0; // any number but 0 while it runs
     std::int64_t samples = 0;
     std::int64_t ticks = 0;
 };
 
+/** Calls `readInto` with a copy, which it keeps only if all went well: a host may write and refuse all the
+    same. */
+template <typename Read>
+void update (TransportState& state, Read readInto)
+{
+    auto attempt = state;
+
+    if (readInto (attempt) == ficSuccess)
+        state = attempt;
+}
+
 TransportState read (const CEffectMIDITransport& transport)
 {
     TransportState state;
-    unsigned char playing = 0;
-    transport.GetCurrentTempo (&state.tempo);
-    transport.IsTransportPlaying (&playing);
-    transport.GetCurrentMeter (&state.numerator, &state.denominator);
-    state.isPlaying = playing != 0;
-
-    if (state.isPlaying)
-        transport.GetCurrentRTASSampleLocation (&state.samples);
-    else
-        transport.GetCurrentTDMSampleLocation (&state.samples);
-
-    transport.GetCustomTickPosition (&state.ticks, state.samples);
+    update (state, [&] (auto& attempt) { return transport.GetCurrentTempo (&attempt.tempo); });
+    update (state, [&] (auto& attempt) { return transport.IsTransportPlaying (&attempt.playing); });
+    update (state,
+            [&] (auto& attempt)
+            { return transport.GetCurrentMeter (&attempt.numerator, &attempt.denominator); });
+    update (state,
+            [&] (auto& attempt)
+            {
+                return attempt.playing != 0 ? transport.GetCurrentRTASSampleLocation (&attempt.samples)
+                                            : transport.GetCurrentTDMSampleLocation (&attempt.samples);
+            });
+    update (state,
+            [&] (auto& attempt) { return transport.GetCustomTickPosition (&attempt.ticks, state.samples); });
     return state;
 }
 } // namespace
@@ -79,7 +93,7 @@ juce::AudioPlayHead::PositionInfo positionFrom (const CEffectMIDITransport* tran
     info.setTimeInSeconds (static_cast<double> (state.samples) / sampleRate);
     info.setBpm (state.tempo);
     info.setTimeSignature (juce::AudioPlayHead::TimeSignature { state.numerator, state.denominator });
-    info.setIsPlaying (state.isPlaying);
+    info.setIsPlaying (state.playing != 0);
     info.setIsRecording (false);
     info.setPpqPosition (static_cast<double> (state.ticks) / ticksPerQuarterNote);
     info.setPpqPositionOfLastBarStart (0.0);

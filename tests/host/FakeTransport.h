@@ -22,7 +22,8 @@ struct FakeTransport : SFicTransport
     unsigned char playing = 2;                        // any number but 0
     std::int64_t stoppedAt = 1000, runningAt = 88200; // samples
     std::int64_t ticksPerSample = 10;
-    std::int32_t result = 0; // of every read
+    std::int32_t result = 0;         // of every read
+    bool writesWhenRefusing = false; // which no host should
 
 private:
     template <typename Value>
@@ -30,7 +31,7 @@ private:
     {
         const auto& transport = *static_cast<const FakeTransport*> (self);
 
-        if (transport.result == 0)
+        if (transport.result == 0 || transport.writesWhenRefusing)
             *out = transport.*field;
 
         return transport.result;

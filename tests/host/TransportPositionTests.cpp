@@ -68,7 +68,12 @@ TEST_F (TransportPosition, OldOrRefusingInterfacesLeaveTheDefaults)
     expectDefaults (read (0));
     expectDefaults (read (1));
     transport.result = -1;
-    expectDefaults (read (7));
+
+    for (const bool writes : { false, true })
+    {
+        transport.writesWhenRefusing = writes;
+        expectDefaults (read (7));
+    }
 }
 
 TEST_F (TransportPosition, MiddleInterfacesTellNoPosition)
