@@ -13,7 +13,7 @@ SubWindow::SubWindow (GrafPtr hostWindow, juce::Component& comp)
         return;
 
     // First the place, so that the component never shows elsewhere.
-    followHostWindow(); // first, so that the component never shows elsewhere
+    followHostWindow();
     window->addChild (component);
 }
 
