@@ -17,6 +17,7 @@
 
 #include <limits>
 #include <memory>
+#include <vector>
 
 namespace
 {
@@ -241,6 +242,34 @@ TEST_F (CEffectProcessMIDITest, TheChunkIsAsLongAsItsSizeSays)
     auto* const chunk = reinterpret_cast<SFicPlugInChunk*> (bytes.data());
     EXPECT_EQ (process.GetChunk (FIC_CHUNK_MIDI, chunk), 0);
     EXPECT_EQ (chunk->chunkSize, 60);
+}
+
+namespace
+{
+struct NotingNode : CEffectMIDINode
+{
+    void RenewName (std::int32_t instanceID) override { renewedFor.push_back (instanceID); }
+
+    std::vector<std::int32_t> renewedFor;
+};
+} // namespace
+
+TEST (CEffectMIDIWorld, HasTheNodesOfAllChannelsRenewTheirNames)
+{
+    NotingNode input, output, other;
+    CEffectMIDIWorld world;
+    world.inputNodes.front() = &input;
+    world.outputNodes.back() = &output;
+    world.otherNodes[7] = &other;
+    world.RefreshMIDINodesFromChunk (12);
+    EXPECT_EQ (world.instanceID, 12);
+
+    world.ClearWorld();
+    EXPECT_EQ (world.instanceID, 0);
+    world.RefreshMIDINodesFromChunk (13); // which are nobody's any more
+
+    for (const auto* const node : { &input, &output, &other })
+        EXPECT_THAT (node->renewedFor, ElementsAre (12));
 }
 
 TEST (CEffectGroupMIDI, GivesOutTheFirstFreeNumber)
