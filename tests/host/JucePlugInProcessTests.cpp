@@ -122,10 +122,25 @@ TEST_F (JucePlugInProcessTest, SetsTheProcessorUpOnceWithTheHostsRateAndLongestB
     EXPECT_EQ (probe->getTotalNumInputChannels(), 2);
     EXPECT_EQ (probe->getTotalNumOutputChannels(), 2);
     EXPECT_EQ (probe->getPlayHead(), process.get());
+    EXPECT_EQ (probe->preparedPlayHead, process.get()) << "it may ask for the position from then on";
 
     process->SetSampleRate (48000);
     EXPECT_EQ (probe->numTimesPrepared, 1);
     EXPECT_EQ (probe->getSampleRate(), 96000.0);
+}
+
+TEST_F (JucePlugInProcessTest, ReleasesTheProcessorOnceItHasLeftTheTransport)
+{
+    makeProbe();
+    int numTimesReleased = 0;
+    probe->atRelease = [&]
+    {
+        ++numTimesReleased;
+        EXPECT_EQ (framework.numMidiClients, 0);
+    };
+    EXPECT_EQ (framework.numMidiClients, 1);
+    process.reset();
+    EXPECT_EQ (numTimesReleased, 1);
 }
 
 TEST_F (JucePlugInProcessTest, ASampleRateThatIsNoneIsNotTakenOver)
@@ -138,8 +153,8 @@ TEST_F (JucePlugInProcessTest, ASampleRateThatIsNoneIsNotTakenOver)
 TEST_F (JucePlugInProcessTest, ControlsAnswerWhatTheProcessorSays)
 {
     makeProbe();
-    std::int32_t steps = 0, value = 0, orientation = 0, controlType = 0;
-    unsigned char automatable = 0;
+    std::int32_t steps = 0, value = 0, orientation = 0, controlType = 0, priority = -1;
+    unsigned char automatable = 0, valid = 0;
     process->GetNumControlSteps (2, &steps);
     EXPECT_EQ (steps, 11);
     process->GetControlDefaultValue (2, &value);
@@ -158,6 +173,15 @@ TEST_F (JucePlugInProcessTest, ControlsAnswerWhatTheProcessorSays)
     process->IsControlAutomatable (3, &automatable);
     EXPECT_EQ (automatable, 0);
 
+    process->GetControlPriority (3, &priority);
+    EXPECT_EQ (priority, 0);
+
+    for (const std::int32_t key : { bottom, -1, 0, 113, top })
+    {
+        process->IsKeyValid (2, key, &valid);
+        EXPECT_EQ (valid, 1) << key;
+    }
+
     std::int32_t parsed = 0;
     EXPECT_EQ (process->ConvertStringToValue (2, "0.5", &parsed), 0);
     EXPECT_EQ (parsed, 0);
@@ -169,6 +193,43 @@ TEST_F (JucePlugInProcessTest, ControlsAnswerWhatTheProcessorSays)
     EXPECT_EQ (process->MapControlValToString (2, top, text.data(), 15), 0);
     EXPECT_EQ (std::string (text.data()), juce::String (0.125f, 2).toStdString())
         << "whatever value was asked for";
+}
+
+TEST_F (JucePlugInProcessTest, EachControlHasAnIdOfItsOwn)
+{
+    makeProbe();
+
+    for (const auto& [control, expected] : { std::pair { masterBypass, fourCC ("bypa") },
+                                             { 2, std::uint32_t { 1 } },
+                                             { 3, std::uint32_t { 2 } } })
+    {
+        std::uint32_t id = 0;
+        EXPECT_EQ (process->GetProcessControlViewId (control, &id), 0);
+        EXPECT_EQ (id, expected) << control;
+    }
+}
+
+TEST_F (JucePlugInProcessTest, TheMasterBypassIsAnAutomatableSwitchThatStartsOff)
+{
+    makeProbe();
+    std::int32_t steps = 0, byDefault = top, controlType = -1;
+    unsigned char automatable = 0;
+    process->GetNumControlSteps (masterBypass, &steps);
+    EXPECT_EQ (steps, 2);
+    process->GetControlDefaultValue (masterBypass, &byDefault);
+    EXPECT_EQ (byDefault, bottom);
+    EXPECT_EQ (valueOf (masterBypass), bottom);
+    process->GetControlType (masterBypass, &controlType);
+    EXPECT_EQ (controlType, 0);
+    process->IsControlAutomatable (masterBypass, &automatable);
+    EXPECT_EQ (automatable, 1);
+
+    for (const auto& [value, expected] : { std::pair { top, "On" }, { bottom, "Off" } })
+    {
+        std::array<char, 16> text {};
+        EXPECT_EQ (process->MapControlValToString (masterBypass, value, text.data(), 15), 0);
+        EXPECT_STREQ (text.data(), expected);
+    }
 }
 
 TEST_F (JucePlugInProcessTest, NamesAreCutBetweenCharacters)

@@ -132,6 +132,16 @@ TEST_F (JucePlugInRendering, AnExceptionEndsItsBlockAndLeavesTheLockFree)
     expectOutput (StereoPorts::inputLevel + 1.0f, 64);
 }
 
+TEST_F (JucePlugInRendering, EventsOfOneBlockDoNotReachTheNext)
+{
+    probe->leavesAnEvent = true;
+
+    for (int block = 0; block < 3; ++block)
+        ports->render (64);
+
+    EXPECT_EQ (probe->numEventsFound, 0);
+}
+
 TEST_F (JucePlugInRendering, MoreInputsThanOutputsReachTheProcessor)
 {
     auto wide = std::make_unique<ProbeProcessor>();

@@ -20,14 +20,19 @@ public:
         ++numTimesPrepared;
         preparedRate = rate;
         preparedSize = size;
+        preparedPlayHead = getPlayHead();
     }
-    void releaseResources() override { ++numTimesReleased; }
+    void releaseResources() override { atRelease(); }
 
-    void processBlock (juce::AudioBuffer<float>& buffer, juce::MidiBuffer&) override
+    void processBlock (juce::AudioBuffer<float>& buffer, juce::MidiBuffer& events) override
     {
         sizes.push_back (buffer.getNumSamples());
         numChannels = buffer.getNumChannels();
+        numEventsFound += events.getNumEvents();
         midBlock();
+
+        if (leavesAnEvent)
+            events.addEvent (juce::MidiMessage::noteOff (1, 60), 0);
 
         for (int channel = 0; channel < buffer.getNumChannels(); ++channel)
             juce::FloatVectorOperations::add (buffer.getWritePointer (channel), 1.0f, buffer.getNumSamples());
@@ -86,12 +91,15 @@ public:
     }
 
     std::function<void()> midBlock = [] {};
-    std::vector<int> sizes; // of the blocks
+    std::function<void()> atRelease = [] {};
+    bool leavesAnEvent = false; // in each block
+    int numEventsFound = 0;     // in all blocks
+    std::vector<int> sizes;     // of the blocks
     std::vector<int> parametersSet;
     std::vector<float> parameters { 0.5f, 0.5f };
     std::vector<char> state { 'a', 'b', 'c' };
     double preparedRate = 0.0;
+    juce::AudioPlayHead* preparedPlayHead = nullptr;
     int preparedSize = 0, numChannels = 0;
-    int numTimesPrepared = 0, numTimesReleased = 0, numTimesBypassed = 0, numTimesSaved = 0,
-        numTimesRestored = 0;
+    int numTimesPrepared = 0, numTimesBypassed = 0, numTimesSaved = 0, numTimesRestored = 0;
 };
