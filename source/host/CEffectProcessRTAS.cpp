@@ -62,7 +62,8 @@ std::int32_t CEffectProcessRTAS::UpdateControlValue (std::int32_t control, std::
     std::int32_t masterBypass = 0;
     GetMasterBypassControl (&masterBypass);
 
-    if (control == masterBypass)
+    // Without a master bypass its index is 0, which is no control.
+    if (masterBypass != 0 && control == masterBypass)
         SetBypassed (value > 0);
 
     return CProcess::UpdateControlValue (control, value);

@@ -275,6 +275,17 @@ TEST_F (CEffectProcessRTASTest, TheMasterBypassIsOnAboveZero)
     effect.Free();
 }
 
+TEST_F (CEffectProcessRTASTest, WithoutAMasterBypassNothingBypasses)
+{
+    process.Initialize();
+
+    for (const std::int32_t control : { 0, 1, -1 })
+    {
+        EXPECT_EQ (process.UpdateControlValue (control, std::numeric_limits<std::int32_t>::max()), 0);
+        EXPECT_FALSE (process.IsBypassed()) << control;
+    }
+}
+
 TEST_F (CEffectProcessRTASTest, LeavesTheNameOfARegionAsItIs)
 {
     unsigned char name[] { 3, 'a', 'b', 'c' };
