@@ -25,5 +25,9 @@ void CPlugInOutputStream::WriteSet (const CBaseSet& set)
     WriteNumber (set.GetNumMembers());
 
     for (std::int32_t number = 1; number <= set.GetNumMembers(); ++number)
-        WriteReference (set.GetMemberN (number));
+    {
+        auto* const member = set.GetMemberN (number);
+        member->RegisterWithDAE();
+        WriteReference (member);
+    }
 }

@@ -36,7 +36,7 @@ public:
     /** [host-main] */
     void WriteFunction (FicWorkerProc function);
 
-    /** [host-main] The number of members, then a reference to each. */
+    /** [host-main] The number of members, then a reference to each, which is registered before. */
     void WriteSet (const CBaseSet& set);
 
 private:

@@ -10,11 +10,14 @@ CRemoteObject::CRemoteObject (FicRemoteObjectKind kind)
 {
 }
 
-void CRemoteObject::SendToDAE (const CPlugInBuffer& message)
+void CRemoteObject::RegisterWithDAE()
 {
     if (! isRegistered)
-        DAERemoteObjectRegister (this, remoteKind);
+        isRegistered = DAERemoteObjectRegister (this, remoteKind);
+}
 
-    isRegistered = true;
+void CRemoteObject::SendToDAE (const CPlugInBuffer& message)
+{
+    RegisterWithDAE();
     DAERemoteObjectCall (this, message);
 }

@@ -21,11 +21,14 @@ public:
     /** [host-main] Sends the object's description. */
     virtual void DescribeToDAE() = 0;
 
+    /** [host-main] Makes the object known to the host if it is not yet, as it must be before a message refers
+       to it. What never comes to that, as after a constructor that threw, the host does not remember. */
+    void RegisterWithDAE();
+
 protected:
     explicit CRemoteObject (FicRemoteObjectKind kind);
 
-    /** [host-main] Sends a message to this object. Registers it before the first one: what never came to
-       that, as after a constructor that threw, the host must not remember. */
+    /** [host-main] Sends a message to this object, registered before the first one. */
     void SendToDAE (const CPlugInBuffer& message);
 
 private:

@@ -31,10 +31,15 @@ const SFicRemoteObjectManager* manager()
 }
 } // namespace
 
-void DAERemoteObjectRegister (void* object, FicRemoteObjectKind kind)
+bool DAERemoteObjectRegister (void* object, FicRemoteObjectKind kind)
 {
-    if (const auto* const remote = manager(); remote != nullptr && remote->Register != nullptr)
-        remote->Register (object, kind);
+    const auto* const remote = manager();
+
+    if (remote == nullptr || remote->Register == nullptr)
+        return false;
+
+    remote->Register (object, kind);
+    return true;
 }
 
 void DAERemoteObjectCall (void* object, const CPlugInBuffer& message)

@@ -10,9 +10,9 @@
 
 #include <cstdint>
 
-/** [host-main] Makes an object known, so that its address can stand in messages. Does nothing without a
- * manager. */
-void DAERemoteObjectRegister (void* object, FicRemoteObjectKind kind);
+/** [host-main] Makes an object known, so that its address can stand in messages. Without a manager does
+   nothing and returns false. */
+bool DAERemoteObjectRegister (void* object, FicRemoteObjectKind kind);
 
 /** [host-main] Sends a message to an object. Does nothing without a manager. */
 void DAERemoteObjectCall (void* object, const CPlugInBuffer& message);

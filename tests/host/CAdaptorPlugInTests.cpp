@@ -5,6 +5,7 @@
 
 #include "host/CAdaptorPlugIn.h"
 #include "host/CEffectTypeRTAS.h"
+#include "host/DAERemoteObject.h"
 #include "host/FakeEngine.h"
 #include "host/FakeFramework.h"
 #include "host/FourCC.h"
@@ -116,6 +117,29 @@ TEST_F (CAdaptorPlugInTest, DescribesPortsWorkerAndDataBeforeItself)
     EXPECT_EQ (blockOfHost().variableQuanta, 1);
 }
 
+TEST_F (CAdaptorPlugInTest, SendsNothingAboutObjectsBeforeTheyAreRegistered)
+{
+    process.Initialize();
+    ASSERT_EQ (process.CreateHostPlugIn (plugInId), ficSuccess);
+    ASSERT_EQ (engine.kinds.size(), 7u);
+    int numReferences = 0;
+
+    for (const auto& message : engine.messages)
+    {
+        EXPECT_TRUE (message.known.contains (message.object));
+
+        for (const auto each : message.words)
+            if (auto* const object = reinterpret_cast<void*> (each); engine.kinds.contains (object))
+            {
+                EXPECT_TRUE (message.known.contains (object)) << "of kind " << engine.kinds.at (object);
+                ++numReferences;
+            }
+    }
+
+    // Each of four ports and the plug-in to each other, the worker to its data, the plug-in to the worker.
+    EXPECT_EQ (numReferences, 10);
+}
+
 TEST_F (CAdaptorPlugInTest, SaysAtItsEndThatThereAreNoPorts)
 {
     process.Initialize();
@@ -206,6 +230,21 @@ TEST_F (CAdaptorPlugInTest, AsksOnceForTheManagerAndDoesWithoutIt)
     EXPECT_EQ (process.CreateHostPlugIn (plugInId), ficSuccess);
     EXPECT_EQ (engine.numTimesAsked, 1);
     EXPECT_TRUE (engine.messages.empty());
+}
+
+TEST_F (CAdaptorPlugInTest, RegistersWithAManagerThatComesLater)
+{
+    engine.isThere = false;
+    process.Initialize();
+    ASSERT_EQ (process.CreateHostPlugIn (plugInId), ficSuccess);
+    engine.isThere = true;
+    DAERemoteObjectForgetManager(); // as the group does for a new callback
+
+    EXPECT_EQ (process.Free(), ficSuccess);
+    ASSERT_EQ (engine.kinds.size(), 1u);
+    EXPECT_THAT (
+        engine.outline(),
+        ElementsAre (Pair (ficRemotePlugIn, 2u), Pair (ficRemotePlugIn, 1u), Pair (ficRemotePlugIn, 3u)));
 }
 
 TEST_F (CAdaptorPlugInTest, ReadsAndWritesTheHostsCopyOfTheData)

@@ -21,6 +21,7 @@ public:
     {
         void* object;
         std::vector<std::uintptr_t> words;
+        std::map<void*, std::int32_t> known; // what was registered when it came
     };
 
     FakeEngine();
