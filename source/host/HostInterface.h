@@ -44,6 +44,21 @@ FIC_BEGIN_C
 #define FIC_CHUNK_MIDI     FIC_CODE ('m', 'i', 'd', 'i')
 #define FIC_CHUNK_JUCE     FIC_CODE ('j', 'u', 'c', 'e')
 
+/* clang-format off */
+/* What tokens say. A value is 32 bits of payload; the other payloads are bytes.
+ *
+ *   SET, VALUE         the plug-in wishes a control to have the value; the host answers with
+ *                      UpdateControlValue, or not
+ *   CURRENT, VALUE     from either side: the control has the value
+ *   GET, VALUE         the host asks for a control's value, and gets CURRENT
+ *   SET, TOUCH         1, 0, 1: the user holds the control; 0, 0, 1: has let go
+ *   SET, GRABBED       some control was taken; for the name that FicSDSGetNameId gives for no parent and an
+ *                      empty text
+ *   SET, HIGHLIGHT     from the host, to highlight a control: two 16-bit numbers, 12 bytes of text, one
+ *                      more such number
+ *   SET, NEW_SIZE      the view has another size; for the instance's name, with FIC_PROTOCOL_PROCESS
+ */
+/* clang-format on */
 #define FIC_TOKEN_SET     FIC_CODE ('S', 'E', 'T', 'V')
 #define FIC_TOKEN_CURRENT FIC_CODE ('C', 'U', 'R', 'V')
 #define FIC_TOKEN_GET     FIC_CODE ('G', 'E', 'T', 'V')
@@ -247,24 +262,28 @@ static_assert (offsetof (SPlugInRTInstance, customData) == 8 && offsetof (SPlugI
                "SPlugInRTInstance");
 #endif
 
+/* clang-format off */
 /*=====================================================================================
  * What the host's real-time engine is told
  *
- * The plug-in registers objects and sends each one's description as a list of words. A reference is the
- * address of a registered object. Texts are the address of text that lives as long as its object.
+ * The plug-in registers objects and sends each one's description as a list of words, in the order below. A
+ * reference is the address of a registered object. Texts are the address of text that lives as long as its
+ * object.
  *
- *   plug-in, first and last  2 before, 3 behind all other messages: leave scheduling alone meanwhile
- *   port                     1; plug-in; port number
- *   data                     1; data type (0); size in bytes; address of a uintptr_t. The host writes the
- * address of its own block of that size there, before the call returns: it is filled then worker 6;
- * FicWorkerProc; 4; then four times a count and that many references (data objects first, the others are
- * empty); name; 0 plug-in                  1; manufacturer, product, type, plugInObject, process index
- * (as in SFicPlugInId); number of inputs, references; number of outputs, references; number of workers,
- * references
+ *   plug-in, first   2: leave scheduling alone from now on
+ *   input, output    1; plug-in; port number
+ *   worker           6; FicWorkerProc; 4; then four times a count and that many references (data objects
+ *                    first, the others are empty); name; 0
+ *   data             1; data type (0); size in bytes; address of a uintptr_t. The host writes the address of
+ *                    its own block of that size there before the call returns; the plug-in fills it then
+ *   plug-in          1; manufacturer, product, type, plugInObject, process index (as in SFicPlugInId); number
+ *                    of inputs, references; number of outputs, references; number of workers, references
+ *   plug-in, last    3: scheduling may go on
  *
  * From its description on the plug-in may be rendered. One last description without ports and workers
  * comes when the process ends; the worker must not run from then on.
  */
+/* clang-format on */
 
 enum FicRemoteObjectKind
 {
@@ -402,6 +421,7 @@ enum
     ficNumSelectors = 174
 };
 
+/* clang-format off */
 /*=====================================================================================
  * The routines
  *
@@ -411,14 +431,13 @@ enum
  *   GROUP     concerns the whole plug-in
  *   TYPE      concerns one process type; before its own parameters comes (uint32_t type)
  *   PROCESS   concerns one instance; before its own parameters come (uint32_t type, int32_t process). The row
- * has also what an instance answers that knows nothing better. Results then are zero, texts empty FIXED as
- * PROCESS, but returns 0 and touches nothing, whatever it is given
+ *             has also what an instance answers that knows nothing better; results then are zero, texts empty
+ *   FIXED     as PROCESS, but returns 0 and touches nothing, whatever it is given
  *
  * All return an int32_t, a FicResult except where the comment says otherwise. A result is not written through
  * a null pointer. Selectors 11, 13, 21, 26, 34, 60, 61, 106 and 107 have no routine.
  */
 
-/* clang-format off */
 #define FIC_ROUTINES(GROUP, TYPE, PROCESS, FIXED)                                                                      \
     PROCESS (0, Draw, 0, (, const Rect* area), (, area))                                                               \
     PROCESS (1, DoMouseCommand, 0, (, EventRecord* event), (, event))                                                  \
