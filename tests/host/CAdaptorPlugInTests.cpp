@@ -4,6 +4,7 @@
 // What the host's engine is told of a process, word by word and in which order.
 
 #include "host/CAdaptorPlugIn.h"
+#include "host/CDAEError.h"
 #include "host/CEffectTypeRTAS.h"
 #include "host/DAERemoteObject.h"
 #include "host/FakeEngine.h"
@@ -17,6 +18,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <functional>
+#include <new>
 
 namespace
 {
@@ -138,6 +141,47 @@ TEST_F (CAdaptorPlugInTest, SendsNothingAboutObjectsBeforeTheyAreRegistered)
 
     // Each of four ports and the plug-in to each other, the worker to its data, the plug-in to the worker.
     EXPECT_EQ (numReferences, 10);
+}
+
+TEST_F (CAdaptorPlugInTest, GivesTheCodeOfWhatTheHostThrowsAndLetsSchedulingGoOn)
+{
+    struct Row
+    {
+        const char* name;
+        std::function<void()> fail;
+        std::int32_t result;
+    };
+
+    const Row rows[] = {
+        { "no memory", [] { throw std::bad_alloc(); }, -9006 },
+        { "a number", [] { throw std::int32_t { -123 }; }, -123 },
+        { "an error", [] { throw CDAEError (ficObjectNotMade); }, -7053 },
+    };
+
+    process.Initialize();
+
+    for (const auto& row : rows)
+    {
+        int numCalls = 0;
+        engine.messages.clear();
+        engine.onCall = [&]
+        {
+            if (++numCalls == 2) // the first port
+                row.fail();
+        };
+
+        EXPECT_EQ (process.CreateHostPlugIn (plugInId), row.result) << row.name;
+        EXPECT_THAT (engine.outline(),
+                     ElementsAre (Pair (ficRemotePlugIn, 2u),
+                                  Pair (ficRemotePlugIn, 3u),
+                                  Pair (ficRemotePlugIn, 2u),
+                                  Pair (ficRemotePlugIn, 1u),
+                                  Pair (ficRemotePlugIn, 3u)))
+            << row.name;
+    }
+
+    engine.onCall = nullptr;
+    EXPECT_EQ (process.CreateHostPlugIn (plugInId), ficSuccess);
 }
 
 TEST_F (CAdaptorPlugInTest, SaysAtItsEndThatThereAreNoPorts)

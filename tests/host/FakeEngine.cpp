@@ -53,6 +53,9 @@ std::int32_t FakeEngine::call (void* object, const std::uintptr_t* words, std::i
     constexpr std::size_t sizeWord = 2;
     constexpr std::size_t addressWord = 3;
 
+    if (engine->onCall)
+        engine->onCall();
+
     engine->messages.push_back ({ object, { words, words + numWords }, engine->kinds });
 
     if (engine->givesDataBlocks && engine->kinds[object] == ficRemoteData)

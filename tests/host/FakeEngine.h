@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <vector>
@@ -29,6 +30,7 @@ public:
 
     bool isThere = true;
     bool givesDataBlocks = true;
+    std::function<void()> onCall; // before a message is taken; may throw
     int numTimesAsked = 0;
     std::map<void*, std::int32_t> kinds; // of the objects that were registered
     std::vector<Message> messages;
