@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// A group whose instances are clients of the host's MIDI service.
 
 #include "CEffectGroupMIDI.h"
 

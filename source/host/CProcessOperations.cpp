@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The routines that concern one instance, as the operations of a class that knows nothing better.
 
 #include "CProcessOperations.h"
 

@@ -258,7 +258,9 @@ static_assert (sizeof (SFicPlugInId) == 32 && offsetof (SFicPlugInId, productID)
                    && offsetof (SFicPlugInId, typeID) == 8 && offsetof (SFicPlugInId, plugInObject) == 16
                    && offsetof (SFicPlugInId, processIndex) == 24,
                "SFicPlugInId");
-static_assert (offsetof (SPlugInRTInstance, customData) == 8 && offsetof (SPlugInRTInstance, ports) == 16,
+static_assert (sizeof (SPlugInRTGlobals) == 92, "SPlugInRTGlobals");
+static_assert (sizeof (SPlugInRTInstance) == 24 && offsetof (SPlugInRTInstance, customData) == 8
+                   && offsetof (SPlugInRTInstance, ports) == 16,
                "SPlugInRTInstance");
 #endif
 
@@ -301,6 +303,11 @@ typedef struct SFicRemoteObjectManager
     int32_t (*Call) (void* object, const uintptr_t* words, int32_t numWords);
 } SFicRemoteObjectManager;
 
+#if UINTPTR_MAX == UINT64_MAX
+static_assert (sizeof (SFicRemoteObjectManager) == 16 && offsetof (SFicRemoteObjectManager, Call) == 8,
+               "SFicRemoteObjectManager");
+#endif
+
 /** What the host gives with SetXCMDProc. The plug-in asks it, once and with ficRemoteObjectManagerCode,
    for the manager. */
 typedef int32_t (*FicXCMDProc) (int32_t code, const SFicRemoteObjectManager** manager);
@@ -329,6 +336,15 @@ typedef struct SFicTransport
                                       int64_t samplePosition);
 } SFicTransport;
 
+#if UINTPTR_MAX == UINT64_MAX
+static_assert (sizeof (SFicTransport) == 48 && offsetof (SFicTransport, GetCurrentMeter) == 8
+                   && offsetof (SFicTransport, IsTransportPlaying) == 16
+                   && offsetof (SFicTransport, GetCurrentTDMSampleLocation) == 24
+                   && offsetof (SFicTransport, GetCurrentRTASSampleLocation) == 32
+                   && offsetof (SFicTransport, GetCustomTickPosition) == 40,
+               "SFicTransport");
+#endif
+
 /*=====================================================================================
  * The host's functions
  *
@@ -356,6 +372,15 @@ typedef struct SFicListener
     uint32_t protocol, manufacturer, tokenType, tokenSubType;
 } SFicListener;
 
+#if UINTPTR_MAX == UINT64_MAX
+static_assert (sizeof (SFicListener) == 48 && offsetof (SFicListener, goal) == 4
+                   && offsetof (SFicListener, isCritical) == 8 && offsetof (SFicListener, latestOnly) == 9
+                   && offsetof (SFicListener, taskValue) == 16 && offsetof (SFicListener, task) == 24
+                   && offsetof (SFicListener, protocol) == 32 && offsetof (SFicListener, manufacturer) == 36
+                   && offsetof (SFicListener, tokenType) == 40 && offsetof (SFicListener, tokenSubType) == 44,
+               "SFicListener");
+#endif
+
 /** The host's services object. */
 typedef struct SFicServices
 {
@@ -366,6 +391,15 @@ typedef struct SFicServices
     int32_t (*ReleaseName) (int32_t nameID);
     unsigned char (*TryToEnterCriticalSection) (FicObject section); /* 1 if entered */
 } SFicServices;
+
+#if UINTPTR_MAX == UINT64_MAX
+static_assert (sizeof (SFicServices) == 48 && offsetof (SFicServices, InitFic) == 8
+                   && offsetof (SFicServices, NewStandardObject) == 16
+                   && offsetof (SFicServices, ReleaseObject) == 24
+                   && offsetof (SFicServices, ReleaseName) == 32
+                   && offsetof (SFicServices, TryToEnterCriticalSection) == 40,
+               "SFicServices");
+#endif
 
 #define FIC_FRAMEWORK_MARKER "FicGetFrameworkVersion"
 
@@ -394,7 +428,8 @@ typedef struct SFicServices
     X (int32_t, FicReleaseBundle, (CFBundleRef bundle))                                                      \
     X (unsigned char, FicEventAvail, (EventRecord * *event))
 
-#define FIC_DECLARE_HOST_FUNCTION(Result, Name, parameters) typedef Result (*Name##Proc) parameters;
+#define FIC_DECLARE_HOST_FUNCTION(Result, Name, parameters)                                                  \
+    typedef Result (*Name##Proc) parameters; /* NOLINT: types take no parentheses */
 FIC_HOST_FUNCTIONS (FIC_DECLARE_HOST_FUNCTION)
 #undef FIC_DECLARE_HOST_FUNCTION
 
@@ -411,9 +446,8 @@ typedef void (*CProcessGroupRestoreResourceFileProc) (int16_t file);
 /** Any routine, until it is cast to its own type. */
 typedef int32_t (*FicRoutine) (void);
 
-/** Gives a selector's routine and returns 0, or gives null and returns ficNoSuchRoutine. The exported
-   data
-    __PI_GetRoutineDescriptor is four words, and the first is the address of this function. */
+/** Gives a selector's routine and returns 0, or gives null and returns ficNoSuchRoutine. The exported data
+ * __PI_GetRoutineDescriptor is four words, and the first is the address of this function. */
 typedef int32_t (*PI_GetRoutineDescriptorProc) (int32_t selector, FicRoutine* routine);
 
 enum
@@ -634,7 +668,8 @@ enum
     PROCESS (173, ResetPlugInState, 0, (), ())
 
 #define FIC_BARE(...) __VA_ARGS__
-#define FIC_GROUP_TYPE(selector, Name, parameters, names) typedef int32_t (*PI_##Name##Proc) parameters;
+#define FIC_GROUP_TYPE(selector, Name, parameters, names)                                                              \
+    typedef int32_t (*PI_##Name##Proc) parameters; /* NOLINT: has its own parentheses */
 #define FIC_TYPE_TYPE(selector, Name, parameters, names)                                                               \
     typedef int32_t (*PI_##Name##Proc) (uint32_t type FIC_BARE parameters);
 #define FIC_PROCESS_TYPE(selector, Name, answer, parameters, names)                                                    \

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// This plug-in, as its host sees it: names, codes, channel configurations.
 
 #include "JucePlugInGroup.h"
 
