@@ -28,7 +28,8 @@ execute_process(
     OUTPUT_VARIABLE lines
     COMMAND_ERROR_IS_FATAL ANY)
 string(REGEX REPLACE "([^ \n]+)[^\n]*\n" "\\1;" exported "${lines}")
-list(REMOVE_ITEM exported "")
+# The linker's own marks join them when some library of the system has such marks, too.
+list(REMOVE_ITEM exported "" __bss_start _edata _end)
 list(FILTER exported EXCLUDE REGEX "@")
 list(SORT exported)
 
