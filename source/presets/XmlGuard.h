@@ -28,6 +28,10 @@ inline constexpr int maxXmlDepth = 32;
  */
 inline constexpr std::size_t maxXmlNames = 4096;
 
+/** The most attributes of one element that are read; a tree is made from them in a time that grows with their
+    square. */
+inline constexpr std::size_t maxXmlAttributes = 512;
+
 /** The most entity and character references that are read; for each, the reader goes through all of the value
     that it has put together so far. */
 inline constexpr std::size_t maxXmlReferences = 8192;

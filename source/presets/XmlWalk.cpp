@@ -229,6 +229,9 @@ bool XmlWalk::walkAttribute()
     if (! namesInTag.insert (text.substr (start, position - start)).second)
         return refuse ("an attribute stands twice in a tag");
 
+    if (namesInTag.size() > maxXmlAttributes)
+        return refuse ("an element has too many attributes");
+
     if (! skipGap())
         return false;
 

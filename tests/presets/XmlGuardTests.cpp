@@ -22,14 +22,25 @@ std::string repeated (const std::string& text, std::size_t times)
     return result;
 }
 
-std::string manyNames (int count)
+std::string manyAttributes (std::size_t count)
 {
     std::string result = "<a";
 
-    for (int i = 0; i < count; ++i)
+    for (std::size_t i = 0; i < count; ++i)
         result += " n" + std::to_string (i) + "=''";
 
     return result + "/>";
+}
+
+/** Each of another name, in an outer one. */
+std::string manyElements (std::size_t count)
+{
+    std::string result = "<a>";
+
+    for (std::size_t i = 0; i < count; ++i)
+        result += "<n" + std::to_string (i) + "/>";
+
+    return result + "</a>";
 }
 
 struct XmlCase
@@ -107,7 +118,10 @@ std::vector<XmlCase> xmlCases()
         { "CommentNotClosed", "<a><!-- </a>", false },
         { "NameStartsWithADigit", "<a 1b='c'/>", false },
         { "AnAttributeTwice", "<a b='c' d='e' b='f'/>", false },
-        { "ManyNames", manyNames (20000), false },
+        { "MostAttributes", manyAttributes (maxXmlAttributes), true },
+        { "OneAttributeTooMany", manyAttributes (maxXmlAttributes + 1), false },
+        { "MostNames", manyElements (maxXmlNames - 1), true },
+        { "OneNameTooMany", manyElements (maxXmlNames), false },
         { "ManyReferencesInAValue",
           "<a b='" + repeated ("&lt;\xc3\xa9", maxXmlReferences + 1) + "'/>",
           false },
