@@ -17,6 +17,7 @@ namespace
 constexpr int patienceMs = 60000;
 
 constexpr unsigned long spaceKeysym = 0x20;
+constexpr GrafPtr noWindow = 0x1ffffff0; // a number that nobody has
 
 /** A place in the editor, in fractions of its size. */
 struct Place
@@ -207,6 +208,36 @@ TEST_F (BundleEditor, KeepsOneTouchWhileTheHostSetsTheSameControl)
     EXPECT_THAT (kindsOf (stereoWidth), testing::Contains (FIC_TOKEN_TOUCH).Times (2));
 }
 
+TEST_F (BundleEditor, HoldsOneControlWhileTheHostSetsAnother)
+{
+    holdWidthKnob();
+    EXPECT_EQ (pi.SetControlValue (typeCode, instance->getIndex(), swapLR, highest), ficSuccess);
+    EXPECT_THAT (kindsOf (swapLR), testing::ElementsAre (FIC_TOKEN_TOUCH, FIC_TOKEN_VALUE, FIC_TOKEN_TOUCH));
+    EXPECT_THAT (kindsOf (stereoWidth), testing::Contains (FIC_TOKEN_TOUCH).Times (1));
+    screen.pressMouse (false);
+    EXPECT_TRUE (runUntil ([&] { return hasLetGo(); }));
+    EXPECT_EQ (instance->getValue (swapLR), highest);
+}
+
+TEST_F (BundleEditor, LetsGoOfAControlThatTheHostDoesNotMove)
+{
+    services.tokens.keepsWishes = false;
+    const auto before = instance->getValue (stereoWidth);
+    int distance = 0;
+    moveMouse (widthKnob);
+    screen.pressMouse (true);
+    EXPECT_TRUE (runUntil (
+        [&]
+        {
+            distance = distance % 40 + 1;
+            moveMouse (widthKnob, { 0, -distance });
+            return testing::Value (kindsOf (stereoWidth), testing::Contains (FIC_TOKEN_VALUE));
+        }));
+    screen.pressMouse (false);
+    EXPECT_TRUE (runUntil ([&] { return hasLetGo(); }));
+    EXPECT_EQ (instance->getValue (stereoWidth), before);
+}
+
 TEST_F (BundleEditor, FollowsItsCornerAndTakesTheWindowAlong)
 {
     const auto before = viewSize();
@@ -221,8 +252,22 @@ TEST_F (BundleEditor, FollowsItsCornerAndTakesTheWindowAlong)
         window->idle();
     }
 
+    // The window stays until the corner is let go: it would move away from under the mouse.
+    EXPECT_TRUE (runUntil ([&] { return viewSize().x <= before.x - 100; }));
+    EXPECT_THAT (
+        tokens,
+        testing::Each (testing::Field (&SFicSDSToken::tokenSubType, testing::Ne (FIC_TOKEN_NEW_SIZE))));
+    EXPECT_EQ (screen.getSize (window->getWindowNumber()), before);
+
     screen.pressMouse (false);
-    EXPECT_TRUE (runUntil ([&] { return viewSize().x <= before.x - 100 && hasEditor(); }));
+    EXPECT_TRUE (runUntil ([&] { return hasEditor(); }));
+    std::int32_t root = 0;
+    EXPECT_EQ (pi.GetProcessNameID (typeCode, instance->getIndex(), &root), ficSuccess);
+    ASSERT_FALSE (tokens.empty());
+    EXPECT_EQ (tokens.back().tokenType, FIC_TOKEN_SET);
+    EXPECT_EQ (tokens.back().tokenSubType, FIC_TOKEN_NEW_SIZE);
+    EXPECT_EQ (tokens.back().protocol, FIC_PROTOCOL_PROCESS);
+    EXPECT_EQ (tokens.back().nameID, root);
 
     const auto after = viewSize();
     window.reset();
@@ -293,6 +338,29 @@ TEST_F (BundleEditor, SurvivesAWindowThatIsTakenAwayFirst)
         screen.pressMouse (false);
         EXPECT_TRUE (runUntil ([&] { return hasLetGo(); }));
     }
+}
+
+TEST_F (BundleEditor, MovesFromWindowToWindow)
+{
+    window.reset();
+    const auto index = instance->getIndex();
+    const auto first = screen.makeWindow (900, 600);
+    const auto second = screen.makeWindow (1000, 700);
+
+    for (const auto port : { first, second, noWindow, first, first })
+    {
+        EXPECT_EQ (pi.SetViewPort (typeCode, index, port), ficSuccess);
+        EXPECT_TRUE (runUntil (
+            [&]
+            {
+                return screen.getChildren (first).size() == (port == first)
+                       && screen.getChildren (second).size() == (port == second);
+            }));
+    }
+
+    EXPECT_EQ (pi.SetViewPort (typeCode, index, 0), ficSuccess);
+    EXPECT_THAT (screen.getChildren (first), testing::IsEmpty());
+    EXPECT_EQ (XHost::getNumErrors(), 0);
 }
 
 TEST_F (BundleEditor, GoesWithItsInstance)
