@@ -29,7 +29,7 @@ void JuceCustomUIView::EditorCompWrapper::paint (juce::Graphics&) {}
 
 void JuceCustomUIView::EditorCompWrapper::resized()
 {
-    // A native window that the host has destroyed measures nothing. The editor keeps its size for the next one.
+    // A native window that the host has destroyed measures nothing; the editor keeps its size for the next.
     if (getBounds().isEmpty())
         return;
 
