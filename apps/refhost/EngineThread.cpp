@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Renders on a thread of its own and wakes whoever waits for blocks.
 
 #include "EngineThread.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Finds the module inside a bundle, loads it, and looks up its entry points and all its routines.
 
 #include "HostBundle.h"
 

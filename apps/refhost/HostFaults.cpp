@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Counts the calls of each point and lets those fail that are meant to.
 
 #include "HostFaults.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Calls the bundle's routines for one instance, and carries its chunks there and back.
 
 #include "HostInstance.h"
 

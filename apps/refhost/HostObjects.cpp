@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Owns the objects behind the border's opaque types, and knows which of them are still there.
 
 #include "HostObjects.h"
 

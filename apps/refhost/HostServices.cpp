@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Fills the table of services that plug-ins call, and keeps the books of what they have taken.
 
 #include "HostServices.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Gives each client a table with those reads that the host's version has.
 
 #include "HostTransport.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Makes the window with Xlib and keeps it as large as the view.
 
 #include "HostWindow.h"
 

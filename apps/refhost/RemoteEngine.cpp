@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Checks each message of a plug-in, puts its description together, and renders by it.
 
 #include "RemoteEngine.h"
 

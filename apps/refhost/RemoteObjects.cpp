@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Reads ports, workers and data blocks from the words of messages, and lays out what a worker is called with.
 
 #include "RemoteObjects.h"
 

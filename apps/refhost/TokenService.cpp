@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Keeps the tree of names, checks each token, and queues it for the listeners that it is for.
 
 #include "TokenService.h"
 

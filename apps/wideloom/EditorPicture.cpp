@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Brings an editor into the state that was asked for and paints it, with the menu beside it or alone.
 
 #include "EditorPicture.h"
 

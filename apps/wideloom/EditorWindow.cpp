@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Puts the processor's editor under a native title bar and passes Space on.
 
 #include "EditorWindow.h"
 

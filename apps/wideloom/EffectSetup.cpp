@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The options --preset and --set, and what they come to.
 
 #include "EffectSetup.h"
 

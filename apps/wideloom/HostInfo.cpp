@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Asks the plug-in through its routines, and puts the answers together as JSON and as text.
 
 #include "HostInfo.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The option of `wideloom host-info`, and the session in which it asks.
 
 #include "HostInfoCommand.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Hands blocks, state and parameters to the instance, and to a twin of it where meters are wanted.
 
 #include "HostPath.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Starts the bundle that lies beside the program and inserts one instance of its first type.
 
 #include "HostSession.h"
 

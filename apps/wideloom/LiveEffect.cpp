@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The two ways to play the effect: by itself in a window of our own, or as an instance in the host's window.
 
 #include "LiveEffect.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Fills each block with the music that comes next, runs it through the effect, and resamples the result.
 
 #include "LoopedProgram.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Lays out a menu's rows as its window would, and has the look and feel draw them.
 
 #include "MenuPicture.h"
 

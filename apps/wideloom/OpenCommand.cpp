@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The options of `wideloom open`, and the putting together of music, effect, window and sound.
 
 #include "OpenCommand.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The options of `wideloom picture`, what each of them may be, and the writing of the PNG file.
 
 #include "PictureCommand.h"
 

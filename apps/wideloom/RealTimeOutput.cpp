@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Opens the default audio device, or has a timer draw the samples in its place.
 
 #include "RealTimeOutput.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Draws strokes and sheen into an image when the size, the colour or the display's scale has changed.
 
 #include "BrushedGround.h"
 

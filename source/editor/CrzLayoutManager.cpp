@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Places components, captions and section backgrounds by their fractions of the window.
 
 #include "CrzLayoutManager.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The fonts, labels, text boxes and the resizer of the look and feel.
 
 #include "CrzQ7LookAndFeelV1.h"
 

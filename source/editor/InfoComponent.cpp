@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Tables of the info screen's buttons and texts, and the painting of all of it.
 
 #include "InfoComponent.h"
 

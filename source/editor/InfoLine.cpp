@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Lets texts in by their importance and takes them out when their time is over.
 
 #include "InfoLine.h"
 

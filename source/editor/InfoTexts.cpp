@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Puts version, credits and legal lines together with what belongs to the plug-in's format.
 
 #include "InfoTexts.h"
 

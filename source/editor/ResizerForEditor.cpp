@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Drags as JUCE's corner does, and tells the panel of each press and release.
 
 #include "ResizerForEditor.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Builds the menu from the processor's state, and turns a choice into a call of the panel.
 
 #include "SettingsMenu.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Puts panel and corner handle together, limits the sizes, and paints what shows during a drag.
 
 #include "WideLoomAudioProcessorEditor.h"
 

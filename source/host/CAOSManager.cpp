@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Answers each question about auxiliary outputs as one that has none.
 
 #include "CAOSManager.h"
 

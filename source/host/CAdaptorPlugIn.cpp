@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Asks a process for its channels, ports and name, and makes ports and worker of the answers.
 
 #include "CAdaptorPlugIn.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Adds, removes and finds the members of a set.
 
 #include "CBaseSet.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Draws a view whole, its background first, whatever part of it the host asks for.
 
 #include "CCustomView.h"
 

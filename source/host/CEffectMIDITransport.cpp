@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Calls the functions of the host's transport that its version of the interface has.
 
 #include "CEffectMIDITransport.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Registers clients in the newest version of the interface that the host takes, and lets them go.
 
 #include "CEffectMIDIWorld.h"
 

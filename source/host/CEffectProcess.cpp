@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// An instance's set-up from its type, and what it answers about its layout, its bypass and its meters.
 
 #include "CEffectProcess.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Logs an instance in and out, and keeps its number in a chunk.
 
 #include "CEffectProcessMIDI.h"
 

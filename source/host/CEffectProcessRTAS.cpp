@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The life of an instance in the host's engine: its connection arrays, its description and its end.
 
 #include "CEffectProcessRTAS.h"
 

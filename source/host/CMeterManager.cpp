@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Fetches levels when they are due, and shows one reader the peaks that another one has fetched.
 
 #include "CMeterManager.h"
 

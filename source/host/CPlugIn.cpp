@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Describes an instance to the host's engine, its members first, while the schedule stays as it is.
 
 #include "CPlugIn.h"
 

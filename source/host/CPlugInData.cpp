@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Describes a data block, and fills the host's own when its address has changed.
 
 #include "CPlugInData.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Appends numbers, addresses and sets as words, and registers the members of each set.
 
 #include "CPlugInOutputStream.h"
 

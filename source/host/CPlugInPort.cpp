@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Describes a port by its owner and its number.
 
 #include "CPlugInPort.h"
 

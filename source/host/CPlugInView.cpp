@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Keeps the rectangle and the origin that a view is given.
 
 #include "CPlugInView.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Describes a worker by its function, its data blocks and its name.
 
 #include "CPlugInWorker.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Takes controls in and hands them out, and throws where there is none.
 
 #include "CPluginControlManager.h"
 

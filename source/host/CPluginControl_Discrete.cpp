@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Converts between integers, control values and texts.
 
 #include "CPluginControl_Discrete.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The texts of the two states, written and read.
 
 #include "CPluginControl_OnOff.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The life of an instance, the numbers that the host gives it, and its answers to what it knows nothing of.
 
 #include "CProcess.h"
 

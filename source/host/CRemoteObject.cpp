@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Makes an object known to the host's engine before its first message.
 
 #include "CRemoteObject.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Copies members between the record here and the one in the host's memory.
 
 #include "CSmartStructure.h"
 

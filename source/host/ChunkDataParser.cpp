@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Keeps the list, writes it as a body, reads it from one, and finds values by their names.
 
 #include "ChunkDataParser.h"
 

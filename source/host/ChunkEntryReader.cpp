@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Steps from entry to entry and stops at the first that is cut short or of no known type.
 
 #include "ChunkEntryReader.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Finds bodies and kinds of values, and turns values into big-endian bytes and back.
 
 #include "ChunkFormat.h"
 

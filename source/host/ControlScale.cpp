@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Maps integer ranges onto the scale of controls and back, by way of double precision.
 
 #include "ControlScale.h"
 

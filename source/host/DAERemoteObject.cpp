@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Asks each callback of the host's once for its manager, and passes calls on to that.
 
 #include "DAERemoteObject.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Takes the editor in, follows its size, and sends the host's window the keys that it does not use.
 
 #include "EditorCompWrapper.h"
 

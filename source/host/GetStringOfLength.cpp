@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Cuts a text to a length, and picks the first of several names that fits.
 
 #include "GetStringOfLength.h"
 

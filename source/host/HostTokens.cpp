@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Puts what a token says into its places and takes it out of them.
 
 #include "HostTokens.h"
 

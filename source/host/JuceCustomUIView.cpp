@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Makes the editor when it is needed, puts it into the host's window, and tells of new sizes after a drag.
 
 #include "JuceCustomUIView.h"
 

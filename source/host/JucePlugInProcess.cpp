@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Sets the processor up and ends it, and passes values, gestures and state between it and the host.
 
 #include "JucePlugInProcess.h"
 

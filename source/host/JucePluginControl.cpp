@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Asks the processor for what the host wants to know of a parameter.
 
 #include "JucePluginControl.h"
 

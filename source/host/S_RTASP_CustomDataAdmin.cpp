@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Reads and writes the block member by member, and proves that the members cover all of it.
 
 #include "S_RTASP_CustomDataAdmin.h"
 

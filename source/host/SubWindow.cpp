@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Puts the component into the host's window and follows its width, its showing and its end.
 
 #include "SubWindow.h"
 

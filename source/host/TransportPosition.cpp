@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Reads the transport value by value, and takes a transport at rest for what it does not answer.
 
 #include "TransportPosition.h"
 

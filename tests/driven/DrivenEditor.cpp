@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Opens the editor's window, waits until it stands and has the keyboard, and finds open menus.
 
 #include "DrivenEditor.h"
 

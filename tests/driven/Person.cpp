@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Uses the mouse and the keyboard, and runs the message loop until JUCE has heard of it.
 
 #include "Person.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The pixels at which components, captions and section backgrounds come to lie.
 
 #include <editor/CrzLayoutManager.h>
 

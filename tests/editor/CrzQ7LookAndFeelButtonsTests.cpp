@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The look of buttons and toggles, by their pixels.
 
 #include <editor/CrzQ7LookAndFeelV1.h>
 

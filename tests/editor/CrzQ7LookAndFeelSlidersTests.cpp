@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The look of knobs and linear sliders, by their pixels.
 
 #include <editor/CrzQ7Colours.h>
 #include <editor/CrzQ7LookAndFeelV1.h>

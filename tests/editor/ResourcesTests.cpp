@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The images and faces that are built in: what they hold, which mirror each other, and which captions fit.
 
 #include <editor/CrzQ7LookAndFeelV1.h>
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Loads the bundle in a home folder of the tests' own, looks at what it leaves behind, and renders noise.
 
 #include "BundleFixture.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The chunks of an instance: which there are, their bytes, and what comparing and loading them does.
 
 #include "host/ControlledProcess.h"
 #include "host/FakeTokenHost.h"

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// What an instance takes from its type, and how it answers about keys, strings, bypass and meters.
 
 #include "host/ControlledProcess.h"
 #include "host/FakeTokenHost.h"

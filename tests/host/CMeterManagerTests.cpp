@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// When levels are fetched, and what each reader sees of them.
 
 #include <gtest/gtest.h>
 #include <host/CMeterManager.h>

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Discrete and on-off controls: their texts, keys and steps, and the list that owns them.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// What a process registers with the token service and takes back, also where a call fails halfway.
 
 #include "host/TokenFixture.h"
 

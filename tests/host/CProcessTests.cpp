@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// What a process answers about its controls, their texts and their steps, and about its view.
 
 #include "host/ControlledProcess.h"
 #include "host/FakeTokenHost.h"

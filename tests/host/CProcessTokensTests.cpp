@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Tokens to the host and from it: their bytes, their order, and what they bring about.
 
 #include "host/TokenFixture.h"
 

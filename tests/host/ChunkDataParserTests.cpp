@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Lists of named values in chunks that are whole, damaged or random.
 
 #include "support/TestSeed.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Integers on the scale of controls and back, each to its last bit.
 
 #include <gtest/gtest.h>
 #include <host/ControlScale.h>

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Which name is written into a buffer, and that no byte beside it changes.
 
 #include <gtest/gtest.h>
 #include <host/GetStringOfLength.h>

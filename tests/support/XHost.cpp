@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Makes windows, moves the mouse and types with Xlib, and counts the server's errors.
 
 #include "XHost.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Starts Xvfb and openbox, and waits until each of them is ready.
 
 #include "XServer.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Finds windows on the X server, or wherever a test has set instead.
 
 #include "HostWindow.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Runs those of JUCE's sources that are ready, whatever their messages take away meanwhile.
 
 #include "MessagePump.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Registers the names that JUCE only looks up, over a connection that stays open.
 
 #include "WindowSystem.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Reads the events of watched windows in JUCE's loop, and hands key presses on to the host's window.
 
 #include "X11Connection.h"
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Follows one window over the connection and tells its watcher of changes.
 
 #include "X11HostWindow.h"
 

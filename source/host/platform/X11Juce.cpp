@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Finds JUCE's connection, completes its requests, and ignores the errors of late ones.
 
 #include "X11Juce.h"
 
