@@ -13,6 +13,7 @@
 #include "host/StemFormats.h"
 #include "host/TestProcess.h"
 #include "host/platform/ResourceFiles.h"
+#include "support/NamedRows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -34,12 +35,6 @@ constexpr std::int32_t offlineType = 2;
 constexpr std::uint32_t pluginVersion = 0x00010203;
 constexpr std::uint32_t category = 512;
 constexpr std::uintptr_t hostObject = 0x123456789;
-
-template <typename Case>
-std::string caseName (const testing::TestParamInfo<Case>& testInfo)
-{
-    return testInfo.param.name;
-}
 
 bool makesNativeProcesses = true;
 
@@ -151,7 +146,7 @@ class CEffectGroupGestalt : public CEffectGroupTest, public testing::WithParamIn
 INSTANTIATE_TEST_SUITE_P (Selectors,
                           CEffectGroupGestalt,
                           testing::ValuesIn (gestaltCases),
-                          caseName<GestaltCase>);
+                          rowName<GestaltCase>);
 
 TEST_P (CEffectGroupGestalt, IsAnswered)
 {
@@ -289,7 +284,7 @@ class CEffectGroupRelated : public CEffectGroupTest, public testing::WithParamIn
 {
 };
 
-INSTANTIATE_TEST_SUITE_P (Layouts, CEffectGroupRelated, testing::ValuesIn (specCases), caseName<SpecCase>);
+INSTANTIATE_TEST_SUITE_P (Layouts, CEffectGroupRelated, testing::ValuesIn (specCases), rowName<SpecCase>);
 
 TEST_P (CEffectGroupRelated, TypeIsFoundByChannels)
 {
@@ -326,7 +321,7 @@ class CEffectGroupFormat : public CEffectGroupTest, public testing::WithParamInt
 {
 };
 
-INSTANTIATE_TEST_SUITE_P (Formats, CEffectGroupFormat, testing::ValuesIn (formatCases), caseName<FormatCase>);
+INSTANTIATE_TEST_SUITE_P (Formats, CEffectGroupFormat, testing::ValuesIn (formatCases), rowName<FormatCase>);
 
 TEST_P (CEffectGroupFormat, FindsARelatedType)
 {
@@ -459,7 +454,7 @@ class CEffectTypeRTASFailure : public CEffectGroupTest, public testing::WithPara
 INSTANTIATE_TEST_SUITE_P (Kinds,
                           CEffectTypeRTASFailure,
                           testing::ValuesIn (announcementCases),
-                          caseName<AnnouncementCase>);
+                          rowName<AnnouncementCase>);
 
 TEST_P (CEffectTypeRTASFailure, ToAnnounceAProcessLeavesNothing)
 {

@@ -5,6 +5,7 @@
 
 #include "host/ControlledProcess.h"
 #include "host/FakeTokenHost.h"
+#include "support/NamedRows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -30,12 +31,6 @@ using testing::IsEmpty;
 constexpr std::int32_t bottom = longControlBottom;
 constexpr std::uint32_t controlsChunk = fourCC ("elck");
 constexpr std::uint32_t customChunk = fourCC ("own1");
-
-template <typename Row>
-std::string rowName (const testing::TestParamInfo<Row>& info)
-{
-    return info.param.name;
-}
 
 /** A chunk in memory of its own size, as a host keeps it. */
 class ChunkMemory

@@ -5,6 +5,7 @@
 
 #include "host/ControlledProcess.h"
 #include "host/FakeTokenHost.h"
+#include "support/NamedRows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -32,12 +33,6 @@ constexpr std::int32_t top = longControlTop;
 std::unique_ptr<CPluginControl_Discrete> discreteControl (std::uint32_t id = fourCC ("mode"))
 {
     return std::make_unique<CPluginControl_Discrete> (id, "Mode", 0, 10, 5, true);
-}
-
-template <typename Row>
-std::string rowName (const testing::TestParamInfo<Row>& info)
-{
-    return info.param.name;
 }
 
 std::string toText (const unsigned char* pascal)

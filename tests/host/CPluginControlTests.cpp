@@ -3,6 +3,8 @@
 //
 // Discrete and on-off controls: their texts, keys and steps, and the list that owns them.
 
+#include "support/NamedRows.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <host/CDAEError.h>
@@ -151,9 +153,11 @@ TEST_P (ControlTypedText, GivesAValueOnTheScale)
     EXPECT_EQ (row.makeControl()->ConvertStringToValue (row.text), row.value);
 }
 
-const auto rowName = [] (const auto& row) { return std::string (row.param.name); };
-INSTANTIATE_TEST_SUITE_P (Controls, ControlValueText, testing::ValuesIn (valueTextCases), rowName);
-INSTANTIATE_TEST_SUITE_P (Controls, ControlTypedText, testing::ValuesIn (typedCases), rowName);
+INSTANTIATE_TEST_SUITE_P (Controls,
+                          ControlValueText,
+                          testing::ValuesIn (valueTextCases),
+                          rowName<ValueTextCase>);
+INSTANTIATE_TEST_SUITE_P (Controls, ControlTypedText, testing::ValuesIn (typedCases), rowName<TypedCase>);
 
 std::string keysThatAreValid (CPluginControl& control)
 {

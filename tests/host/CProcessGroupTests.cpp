@@ -10,6 +10,7 @@
 #include "host/HostGlobals.h"
 #include "host/TestProcess.h"
 #include "host/platform/ResourceFiles.h"
+#include "support/NamedRows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -20,12 +21,6 @@
 
 namespace
 {
-template <typename Case>
-std::string caseName (const testing::TestParamInfo<Case>& testInfo)
-{
-    return testInfo.param.name;
-}
-
 constexpr auto nativeCode = fourCC ("nati");
 constexpr auto otherCode = fourCC ("othr");
 constexpr std::int32_t nativeType = 3;
@@ -245,7 +240,7 @@ class CProcessGroupBroadcast : public CProcessGroupTest, public testing::WithPar
 INSTANTIATE_TEST_SUITE_P (Operations,
                           CProcessGroupBroadcast,
                           testing::ValuesIn (broadcastCases),
-                          caseName<BroadcastCase>);
+                          rowName<BroadcastCase>);
 
 TEST_P (CProcessGroupBroadcast, ReachesAllAndReturnsTheFirstError)
 {
@@ -328,7 +323,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P (Kinds,
                           CProcessGroupFailure,
                           testing::ValuesIn (failureCases),
-                          caseName<FailureCase>);
+                          rowName<FailureCase>);
 
 TEST_P (CProcessGroupFailure, ToInstantiateLeavesNothing)
 {
@@ -424,7 +419,7 @@ class CProcessGroupService : public CProcessGroupTest, public testing::WithParam
 INSTANTIATE_TEST_SUITE_P (Hosts,
                           CProcessGroupService,
                           testing::ValuesIn (serviceCases),
-                          caseName<ServiceCase>);
+                          rowName<ServiceCase>);
 
 TEST_P (CProcessGroupService, MayBeMissing)
 {

@@ -4,6 +4,7 @@
 // What a process registers with the token service and takes back, also where a call fails halfway.
 
 #include "host/TokenFixture.h"
+#include "support/NamedRows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -23,12 +24,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr std::int32_t value = 0x12345678;
-
-template <typename Row>
-std::string rowName (const testing::TestParamInfo<Row>& info)
-{
-    return info.param.name;
-}
 
 TEST (CProcessRegistration, GivesEachControlANameAndThreeListeners)
 {

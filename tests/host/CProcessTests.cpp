@@ -5,6 +5,7 @@
 
 #include "host/ControlledProcess.h"
 #include "host/FakeTokenHost.h"
+#include "support/NamedRows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -32,12 +33,6 @@ constexpr char untouched = '#';
 std::unique_ptr<PlainTestControl> plainControl (const char* name = "Width", std::uint32_t id = 0)
 {
     return std::make_unique<PlainTestControl> (name, id);
-}
-
-template <typename Row>
-std::string rowName (const testing::TestParamInfo<Row>& info)
-{
-    return info.param.name;
 }
 
 //==============================================================================================

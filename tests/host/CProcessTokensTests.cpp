@@ -4,6 +4,7 @@
 // Tokens to the host and from it: their bytes, their order, and what they bring about.
 
 #include "host/TokenFixture.h"
+#include "support/NamedRows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -26,12 +27,6 @@ using testing::IsEmpty;
 
 constexpr std::int32_t widthID = TokenFixture::widthID;
 constexpr std::int32_t value = 0x12345678;
-
-template <typename Row>
-std::string rowName (const testing::TestParamInfo<Row>& info)
-{
-    return info.param.name;
-}
 
 //==============================================================================================
 

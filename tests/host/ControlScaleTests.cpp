@@ -3,6 +3,8 @@
 //
 // Integers on the scale of controls and back, each to its last bit.
 
+#include "support/NamedRows.h"
+
 #include <gtest/gtest.h>
 #include <host/ControlScale.h>
 
@@ -69,9 +71,8 @@ TEST_P (FromControlScale, FindsTheValue)
     EXPECT_EQ (LongControlToNewRange (row.control, row.low, row.high), row.value);
 }
 
-const auto rowName = [] (const auto& row) { return std::string (row.param.name); };
-INSTANTIATE_TEST_SUITE_P (Scale, ToControlScale, testing::ValuesIn (toScaleCases), rowName);
-INSTANTIATE_TEST_SUITE_P (Scale, FromControlScale, testing::ValuesIn (toRangeCases), rowName);
+INSTANTIATE_TEST_SUITE_P (Scale, ToControlScale, testing::ValuesIn (toScaleCases), rowName<ScaleCase>);
+INSTANTIATE_TEST_SUITE_P (Scale, FromControlScale, testing::ValuesIn (toRangeCases), rowName<ScaleCase>);
 
 TEST (ControlScale, EveryStepComesBack)
 {

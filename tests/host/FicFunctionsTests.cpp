@@ -5,17 +5,12 @@
 
 #include "host/FakeFramework.h"
 #include "host/FicFunctions.h"
+#include "support/NamedRows.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
-template <typename Case>
-std::string caseName (const testing::TestParamInfo<Case>& testInfo)
-{
-    return testInfo.param.name;
-}
-
 struct FrameworkCase
 {
     const char* name;
@@ -59,7 +54,7 @@ TEST_P (FicFunctions, AnswerWithTheCodeOfWhatIsMissing)
 INSTANTIATE_TEST_SUITE_P (Frameworks,
                           FicFunctions,
                           testing::ValuesIn (frameworkCases),
-                          caseName<FrameworkCase>);
+                          rowName<FrameworkCase>);
 
 TEST (FicFunctions, AreForgottenWithTheFramework)
 {

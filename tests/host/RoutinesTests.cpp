@@ -9,6 +9,7 @@
 #include "host/HostGlobals.h"
 #include "host/RoutineArguments.h"
 #include "host/Routines.h"
+#include "support/NamedRows.h"
 
 #include <gtest/gtest.h>
 
@@ -20,12 +21,6 @@
 
 namespace
 {
-template <typename Case>
-std::string caseName (const testing::TestParamInfo<Case>& testInfo)
-{
-    return testInfo.param.name;
-}
-
 using Words = std::vector<std::uintptr_t>;
 
 constexpr std::int32_t groupResult = -4711;
@@ -308,7 +303,7 @@ class RoutineExceptions : public testing::TestWithParam<ExceptionCase>
 INSTANTIATE_TEST_SUITE_P (Kinds,
                           RoutineExceptions,
                           testing::ValuesIn (exceptionCases),
-                          caseName<ExceptionCase>);
+                          rowName<ExceptionCase>);
 
 TEST_P (RoutineExceptions, BecomeResultsAndLeaveTheCriticalSection)
 {
@@ -356,7 +351,7 @@ class CriticalSectionScope : public testing::TestWithParam<ScopeCase>
 {
 };
 
-INSTANTIATE_TEST_SUITE_P (Scopes, CriticalSectionScope, testing::ValuesIn (scopeCases), caseName<ScopeCase>);
+INSTANTIATE_TEST_SUITE_P (Scopes, CriticalSectionScope, testing::ValuesIn (scopeCases), rowName<ScopeCase>);
 
 TEST_P (CriticalSectionScope, DecidesWhichRoutinesRunInside)
 {
