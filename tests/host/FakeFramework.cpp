@@ -6,11 +6,11 @@
 
 #include "host/FakeFramework.h"
 
+#include "host/HostFunctionRows.h"
 #include "host/UDigiLibAccess.h"
 #include "host/platform/HostLibrary.h"
 
 #include <array>
-#include <string_view>
 
 namespace
 {
@@ -135,43 +135,27 @@ unsigned char tryToEnter (FicObject)
     return framework->lettingIn;
 }
 
-struct FunctionRow
-{
-    std::string_view name;
-    platform::HostFunction function;
-};
-
-template <typename Proc>
-FunctionRow row (std::string_view name, Proc function)
-{
-    return { name, reinterpret_cast<platform::HostFunction> (function) };
-}
-
 platform::HostFunction lookUp (const char* name)
 {
-    static const auto rows = std::to_array<FunctionRow> ({
-        row<FicGetFrameworkVersionProc> ("FicGetFrameworkVersion", getFrameworkVersion),
-        row<FicGetServicesProc> ("FicGetServices", getServices),
-        row<FicGestaltProc> ("FicGestalt", gestalt),
-        row<FicIsAliveProc> ("FicIsAlive", isAlive),
-        row<FicNewServerProc> ("FicNewServer", newServer),
-        row<FicCreateCriticalSectionProc> ("FicCreateCriticalSection", createCriticalSection),
-        row<FicEnterCriticalSectionProc> ("FicEnterCriticalSection", enterCriticalSection),
-        row<FicLeaveCriticalSectionProc> ("FicLeaveCriticalSection", leaveCriticalSection),
-        row<FicEventAvailProc> ("FicEventAvail", eventAvail),
-        row<FicGetMaximumRTASQuantumProc> ("FicGetMaximumRTASQuantum", getMaximumQuantum),
-        row<FicRegisterDirectMIDIClientProc> ("FicRegisterDirectMIDIClient", registerMidiClient),
-        row<FicUnRegisterDirectMIDIClientProc> ("FicUnRegisterDirectMIDIClient", unregisterMidiClient),
-        row<FicRetainBundleProc> ("FicRetainBundle", retainBundle),
-        row<FicReleaseBundleProc> ("FicReleaseBundle", releaseBundle),
+    static const auto rows = std::to_array<HostFunctionRow> ({
+        hostFunctionRow<FicGetFrameworkVersionProc> ("FicGetFrameworkVersion", getFrameworkVersion),
+        hostFunctionRow<FicGetServicesProc> ("FicGetServices", getServices),
+        hostFunctionRow<FicGestaltProc> ("FicGestalt", gestalt),
+        hostFunctionRow<FicIsAliveProc> ("FicIsAlive", isAlive),
+        hostFunctionRow<FicNewServerProc> ("FicNewServer", newServer),
+        hostFunctionRow<FicCreateCriticalSectionProc> ("FicCreateCriticalSection", createCriticalSection),
+        hostFunctionRow<FicEnterCriticalSectionProc> ("FicEnterCriticalSection", enterCriticalSection),
+        hostFunctionRow<FicLeaveCriticalSectionProc> ("FicLeaveCriticalSection", leaveCriticalSection),
+        hostFunctionRow<FicEventAvailProc> ("FicEventAvail", eventAvail),
+        hostFunctionRow<FicGetMaximumRTASQuantumProc> ("FicGetMaximumRTASQuantum", getMaximumQuantum),
+        hostFunctionRow<FicRegisterDirectMIDIClientProc> ("FicRegisterDirectMIDIClient", registerMidiClient),
+        hostFunctionRow<FicUnRegisterDirectMIDIClientProc> ("FicUnRegisterDirectMIDIClient",
+                                                            unregisterMidiClient),
+        hostFunctionRow<FicRetainBundleProc> ("FicRetainBundle", retainBundle),
+        hostFunctionRow<FicReleaseBundleProc> ("FicReleaseBundle", releaseBundle),
     });
 
-    if (framework->isThere && framework->missingFunction != name)
-        for (const auto& each : rows)
-            if (each.name == name)
-                return each.function;
-
-    return nullptr;
+    return framework->isThere && framework->missingFunction != name ? findIn (rows, name) : nullptr;
 }
 } // namespace
 

@@ -5,6 +5,8 @@
 
 #include "host/FakeTokenHost.h"
 
+#include "host/HostFunctionRows.h"
+
 #include <host/HostGlobals.h>
 #include <host/UDigiLibAccess.h>
 #include <host/platform/HostLibrary.h>
@@ -12,7 +14,6 @@
 
 #include <array>
 #include <climits>
-#include <string_view>
 
 namespace
 {
@@ -129,36 +130,20 @@ unsigned char tryToEnter (FicObject)
     return 1;
 }
 
-struct FunctionRow
-{
-    std::string_view name;
-    platform::HostFunction function;
-};
-
-template <typename Proc>
-FunctionRow row (std::string_view name, Proc function)
-{
-    return { name, reinterpret_cast<platform::HostFunction> (function) };
-}
-
 platform::HostFunction lookUp (const char* name)
 {
-    static const auto rows = std::to_array<FunctionRow> ({
-        row<FicGetFrameworkVersionProc> ("FicGetFrameworkVersion", getFrameworkVersion),
-        row<FicGetServicesProc> ("FicGetServices", getServices),
-        row<FicSDSReserveNameProc> ("FicSDSReserveName", reserveName),
-        row<FicSDSGetNameIdProc> ("FicSDSGetNameId", getNameId),
-        row<FicSDSDispatchTokenProc> ("FicSDSDispatchToken", dispatchToken),
-        row<FicSDSGetTokenAndTaskValProc> ("FicSDSGetTokenAndTaskVal", getToken),
-        row<FicSDSDoneWithTokenProc> ("FicSDSDoneWithToken", doneWithToken),
-        row<FicPersonalityDoIdleProc> ("FicPersonalityDoIdle", personalityDoIdle),
+    static const auto rows = std::to_array<HostFunctionRow> ({
+        hostFunctionRow<FicGetFrameworkVersionProc> ("FicGetFrameworkVersion", getFrameworkVersion),
+        hostFunctionRow<FicGetServicesProc> ("FicGetServices", getServices),
+        hostFunctionRow<FicSDSReserveNameProc> ("FicSDSReserveName", reserveName),
+        hostFunctionRow<FicSDSGetNameIdProc> ("FicSDSGetNameId", getNameId),
+        hostFunctionRow<FicSDSDispatchTokenProc> ("FicSDSDispatchToken", dispatchToken),
+        hostFunctionRow<FicSDSGetTokenAndTaskValProc> ("FicSDSGetTokenAndTaskVal", getToken),
+        hostFunctionRow<FicSDSDoneWithTokenProc> ("FicSDSDoneWithToken", doneWithToken),
+        hostFunctionRow<FicPersonalityDoIdleProc> ("FicPersonalityDoIdle", personalityDoIdle),
     });
 
-    for (const auto& each : rows)
-        if (each.name == name && fake->missingFunction != name)
-            return each.function;
-
-    return nullptr;
+    return fake->missingFunction != name ? findIn (rows, name) : nullptr;
 }
 } // namespace
 
