@@ -28,6 +28,10 @@ constexpr auto* makersCaption = "presents";
 constexpr auto* makersName = "QUORVEXDSP";
 constexpr auto* fieldCaptions = "LEFT RIGHT STEREO WIDTH: PAN:"; // written one after the other in one colour
 
+const std::vector<const char*> captionsOfAllControls { makersCaption,  makersName,  fieldCaptions,
+                                                       "INPUT",        "OUTPUT",    "PAN",
+                                                       "STEREO WIDTH", "FREQUENCY", "PRESET:" };
+
 void switchOn (EditorUnderTest& test, ParameterId id)
 {
     test.panel().setEditorParameterValue (indexOf (id), 1.0f);
@@ -42,26 +46,8 @@ const TextCase textCases[] = {
           switchOn (test, ParameterId::muteMid);
           switchOn (test, ParameterId::safeBass);
       },
-      { makersCaption,
-        makersName,
-        fieldCaptions,
-        "INPUT",
-        "OUTPUT",
-        "PAN",
-        "STEREO WIDTH",
-        "FREQUENCY",
-        "PRESET:" } },
-    { "Dimmed",
-      [] (EditorUnderTest& test) { switchOn (test, ParameterId::mono); },
-      { makersCaption,
-        makersName,
-        fieldCaptions,
-        "INPUT",
-        "OUTPUT",
-        "PAN",
-        "STEREO WIDTH",
-        "FREQUENCY",
-        "PRESET:" } },
+      captionsOfAllControls },
+    { "Dimmed", [] (EditorUnderTest& test) { switchOn (test, ParameterId::mono); }, captionsOfAllControls },
     { "Bypassed",
       [] (EditorUnderTest& test) { switchOn (test, ParameterId::bypass); },
       { makersCaption, makersName, "INPUT", "OUTPUT", "BYPASS" } },
