@@ -5,6 +5,7 @@
 
 #include "EditorUnderTest.h"
 #include "PaintedPicture.h"
+#include "SyntheticMouse.h"
 
 #include <editor/CrzQ7Colours.h>
 #include <editor/CrzQ7LookAndFeelV1.h>
@@ -24,22 +25,7 @@ constexpr float brightScheme = 0.3f;
 juce::MouseEvent handleEvent (juce::Component& handle, juce::Point<float> moved)
 {
     const juce::Point<float> pressed (10.0f, 10.0f);
-    const juce::Time now;
-    return { juce::Desktop::getInstance().getMainMouseSource(),
-             pressed + moved,
-             juce::ModifierKeys (juce::ModifierKeys::leftButtonModifier),
-             juce::MouseInputSource::defaultPressure,
-             juce::MouseInputSource::defaultOrientation,
-             juce::MouseInputSource::defaultRotation,
-             juce::MouseInputSource::defaultTiltX,
-             juce::MouseInputSource::defaultTiltY,
-             &handle,
-             &handle,
-             now,
-             pressed,
-             now,
-             1,
-             true };
+    return synthetic_mouse::eventAt (handle, pressed, 0, true).withNewPosition (pressed + moved);
 }
 
 class Handle
