@@ -146,7 +146,7 @@ int main (int argc, char** argv)
     // An instance of its own stands all the while: the last one to go would end JUCE.
     const juce::ScopedJuceInitialiser_GUI juce;
     const JucePlugInProcess standing;
-    MarkdownReporter reporter (copyRow, chainRow);
+    MarkdownReporter reporter ({ copyRow, chainRow, workerRow }, copyRow, chainRow);
 
     for (const int size : blockSizes)
     {
