@@ -4,6 +4,7 @@
 // What a stereo frame costs in the signal chain, beside the least that it could cost.
 
 #include "MarkdownReporter.h"
+#include "ShortRuns.h"
 
 #include <engine/WideLoomAudioProcessor.h>
 
@@ -206,22 +207,7 @@ void printAims (const MarkdownReporter& reporter)
 
 int main (int argc, char** argv)
 {
-    // Short and interleaved runs, so that what else the machine does hits all rows alike. What the command
-    // line says comes later and wins.
-    std::vector<std::string> texts { argv[0],
-                                     "--benchmark_repetitions=100",
-                                     "--benchmark_min_time=0.001",
-                                     "--benchmark_enable_random_interleaving=true" };
-    texts.insert (texts.end(), argv + 1, argv + argc);
-    std::vector<char*> arguments;
-
-    for (auto& text : texts)
-        arguments.push_back (text.data());
-
-    int count = static_cast<int> (arguments.size());
-    benchmark::Initialize (&count, arguments.data());
-
-    if (benchmark::ReportUnrecognizedArguments (count, arguments.data()))
+    if (! initialiseShortRuns (argc, argv, 100, 0.001))
         return 2;
 
     const juce::ScopedJuceInitialiser_GUI juce;

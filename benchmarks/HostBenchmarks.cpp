@@ -4,6 +4,7 @@
 // What a block costs from the worker that the native host calls, beside the signal chain alone.
 
 #include "MarkdownReporter.h"
+#include "ShortRuns.h"
 
 #include <engine/WideLoomAudioProcessor.h>
 #include <host/CEffectTypeRTAS.h>
@@ -13,6 +14,7 @@
 
 #include <array>
 #include <cstring>
+#include <string>
 #include <vector>
 
 namespace
@@ -127,20 +129,7 @@ void printAim (const MarkdownReporter& reporter)
 
 int main (int argc, char** argv)
 {
-    std::vector<std::string> texts { argv[0],
-                                     "--benchmark_repetitions=25",
-                                     "--benchmark_min_time=0.01",
-                                     "--benchmark_enable_random_interleaving=true" };
-    texts.insert (texts.end(), argv + 1, argv + argc);
-    std::vector<char*> arguments;
-
-    for (auto& text : texts)
-        arguments.push_back (text.data());
-
-    int count = static_cast<int> (arguments.size());
-    benchmark::Initialize (&count, arguments.data());
-
-    if (benchmark::ReportUnrecognizedArguments (count, arguments.data()))
+    if (! initialiseShortRuns (argc, argv, 25, 0.01))
         return 2;
 
     // An instance of its own stands all the while: the last one to go would end JUCE.
