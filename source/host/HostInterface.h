@@ -2,6 +2,7 @@
  * SPDX-License-Identifier: GPL-3.0-or-later
  *
  * The whole border between a native plug-in host and the plug-in, for hosts written in C11 or later, or C++.
+ * It is one file on purpose, for all its length: who writes a host copies it, and has the whole border.
  *
  * Widths: what the host's world calls long is 32 bits here, short 16. A "word" that can be an address is
  * uintptr_t. Indices of types, processes, controls, ports and chunks start at 1. Texts in `unsigned char*`
