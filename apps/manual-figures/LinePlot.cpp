@@ -5,6 +5,7 @@
 
 #include "LinePlot.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -60,6 +61,59 @@ juce::String strokeOf (std::size_t index)
     return juce::String ("fill=\"none\" stroke-width=\"2\" stroke=\"") + style.colour
            + "\" stroke-dasharray=\"" + style.dashes + "\"";
 }
+
+/** Pixels. */
+struct Place
+{
+    double x, y;
+};
+
+Place between (Place a, Place b, double shareOfTheWay)
+{
+    return { a.x + shareOfTheWay * (b.x - a.x), a.y + shareOfTheWay * (b.y - a.y) };
+}
+
+/** From which share of the way from `a` to `b` up to which share it runs between the frame's upper and lower
+    edge. The first is not below the second when no part of it does. */
+std::pair<double, double> partInFrame (Place a, Place b)
+{
+    double from = 0.0, to = 1.0;
+
+    for (const auto& [depthOfA, depthOfB] :
+         { std::pair { a.y - top, b.y - top }, { bottom - a.y, bottom - b.y } })
+    {
+        if (depthOfA < 0.0)
+            from = depthOfB > 0.0 ? std::max (from, depthOfA / (depthOfA - depthOfB)) : 1.0;
+        else if (depthOfB < 0.0)
+            to = std::min (to, depthOfA / (depthOfA - depthOfB));
+    }
+
+    return { from, to };
+}
+
+/** The parts of a line in the frame. Cut here because not every viewer cuts as a clip path of SVG says. */
+std::vector<std::vector<Place>> partsInFrame (const std::vector<Place>& line)
+{
+    std::vector<std::vector<Place>> parts;
+    bool goesOn = false;
+
+    for (std::size_t i = 1; i < line.size(); ++i)
+    {
+        const auto [from, to] = partInFrame (line[i - 1], line[i]);
+
+        if (from < to)
+        {
+            if (! goesOn)
+                parts.push_back ({ between (line[i - 1], line[i], from) });
+
+            parts.back().push_back (between (line[i - 1], line[i], to));
+        }
+
+        goesOn = from < to && to == 1.0;
+    }
+
+    return parts;
+}
 } // namespace
 
 LinePlot::LinePlot (PlotAxis horizontal, PlotAxis vertical, double legendAtX, double legendAtY)
@@ -82,7 +136,7 @@ double LinePlot::xOf (double value) const
 
 double LinePlot::yOf (double value) const
 {
-    return bottom - share (yAxis, std::max (value, yAxis.low)) * (bottom - top);
+    return bottom - share (yAxis, value) * (bottom - top);
 }
 
 juce::String LinePlot::grid() const
@@ -105,14 +159,25 @@ juce::String LinePlot::grid() const
 
 juce::String LinePlot::curve (std::size_t index) const
 {
-    juce::String points;
+    std::vector<Place> line;
 
     for (const auto& [x, y] : lines[index].points)
-        points << number (xOf (x)) << "," << number (yOf (y)) << " ";
+        line.push_back ({ xOf (x), yOf (y) });
+
+    juce::String svg;
+
+    for (const auto& part : partsInFrame (line))
+    {
+        juce::String points;
+
+        for (const auto& [x, y] : part)
+            points << number (x) << "," << number (y) << " ";
+
+        svg << "<polyline points=\"" << points.trimEnd() << "\" " << strokeOf (index) << "/>\n";
+    }
 
     const double y = legendY + legendStep * static_cast<double> (index);
-    return "<polyline points=\"" + points.trimEnd() + "\" " + strokeOf (index) + "/>\n"
-           + lineFrom (legendX, y, legendX + legendDash, y, strokeOf (index))
+    return svg + lineFrom (legendX, y, legendX + legendDash, y, strokeOf (index))
            + textAt (legendX + legendDash + labelGap, y + labelGap / 2, "start", lines[index].name);
 }
 

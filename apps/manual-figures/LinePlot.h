@@ -31,7 +31,7 @@ public:
     /** The legend's upper left corner is a share of the plot's frame, where no line runs. */
     LinePlot (PlotAxis horizontal, PlotAxis vertical, double legendAtX, double legendAtY);
 
-    /** Points below the plot are drawn along its lower edge. */
+    /** What lies outside the frame is cut off. */
     void add (PlotLine line);
 
     /** A whole SVG file, dark on white. */

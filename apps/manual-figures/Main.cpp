@@ -55,7 +55,8 @@ PlotLine panLine (const char* name, const ImageChoices& choices, Level&& levelOf
 
     for (int i = 0; i <= numPoints; ++i)
     {
-        const double pan = 100.0 * i / numPoints;
+        // Close together at both ends, where curves step or fall away.
+        const double pan = 50.0 * (1.0 - std::cos (std::numbers::pi * i / numPoints));
         const auto factors = imageFactorsFor (neutral, neutral + static_cast<float> (pan * 0.005), choices);
         line.points.emplace_back (pan, decibels (static_cast<double> (levelOf (factors))));
     }
@@ -75,7 +76,7 @@ juce::String panCurves()
 
 juce::String panLaws()
 {
-    LinePlot plot (panAxis(), decibelAxis (-3.0, 6.5, 3.0), 0.03, 0.08);
+    LinePlot plot (panAxis(), decibelAxis (-0.5, 6.5, 3.0), 0.03, 0.08);
     const auto near = [] (const ImageFactors& factors) { return factors.right; };
     plot.add (panLine ("-0 dB", { .panLaw = PanLaw::minus0dB }, near));
     plot.add (panLine ("-3 dB slope", { .panLaw = PanLaw::minus3dB }, near));
