@@ -162,6 +162,19 @@ TEST (CrzRotarySliderMouse, GoesSlowlyFromTheMomentThatShiftIsDown)
     EXPECT_FALSE (knob.getVelocityBasedMode());
 }
 
+TEST (CrzRotarySliderMouse, TakesTenThousandPixelsForTheRangeWhenShiftIsDownAndTheMouseSlow)
+{
+    WatchedKnob knob;
+    synthetic_mouse::Pointer pointer (knob);
+
+    pointer.press (pressPoint);
+
+    for (int pixel = 1; pixel <= 1000; ++pixel)
+        pointer.drag (above (static_cast<float> (pixel)), juce::ModifierKeys::shiftModifier);
+
+    EXPECT_NEAR (knob.getValue(), 0.25 + 1000.0 / 10133.0, step);
+}
+
 TEST (CrzRotarySliderMouse, NoKeyButShiftSlowsADrag)
 {
     for (const int modifiers : { juce::ModifierKeys::commandModifier, juce::ModifierKeys::altModifier })
