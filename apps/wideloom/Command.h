@@ -31,8 +31,8 @@ using Problem = std::optional<std::string>;
 
     which adds it with add_subcommand() and gives it a callback() that does the work and sets `status`, which
     is success before. Both references outlive the parsing. Options that cannot be read throw
-    CLI::ValidationError out of the parsing, which ends in wrongUsage; the callback itself throws nothing and
-    says what went wrong through printError(). */
+    CLI::ValidationError out of the parsing, which ends in wrongUsage; a callback does the same with
+    refuseUsage(), throws nothing else, and says what went wrong through printError(). */
 using AddCommand = void (*) (CLI::App& program, ExitStatus& status);
 
 /** Prints "wideloom: <text>" on standard error. */

@@ -5,6 +5,7 @@
 
 #include "EffectSetup.h"
 
+#include "CommandOptions.h"
 #include "PresetDesk.h"
 
 #include <CLI/CLI.hpp>
@@ -12,7 +13,8 @@
 void addEffectSetupOptions (CLI::App& command, EffectSetup& setup)
 {
     command.add_option ("--preset", setup.preset, "Load a factory or user preset by its name")
-        ->type_name ("NAME");
+        ->type_name ("NAME")
+        ->check (refuseEmpty);
     command
         .add_option (
             "--set", setup.settings, "Set a parameter to a value as the editor shows it, such as Pan=L20")
@@ -20,21 +22,25 @@ void addEffectSetupOptions (CLI::App& command, EffectSetup& setup)
         ->allow_extra_args (false);
 }
 
-Problem readEffectSetup (const EffectSetup& setup, EffectStart& start)
+Problem readEffectSettings (const EffectSetup& setup, EffectStart& start)
 {
-    if (! setup.preset.empty())
-    {
-        PresetDesk desk;
-
-        if (auto problem = desk.loadPreset (setup.preset))
-            return problem;
-
-        start.state = desk.getState();
-    }
-
     for (const auto& text : setup.settings)
         if (auto problem = readTextSetting (text, start.settings.emplace_back()))
-            return problem;
+            return "--set: " + *problem;
 
+    return {};
+}
+
+Problem loadEffectPreset (const EffectSetup& setup, EffectStart& start)
+{
+    if (setup.preset.empty())
+        return {};
+
+    PresetDesk desk;
+
+    if (auto problem = desk.loadPreset (setup.preset))
+        return problem;
+
+    start.state = desk.getState();
     return {};
 }

@@ -29,5 +29,8 @@ struct EffectStart
     std::vector<ParameterSetting> settings; ///< then these, in their order
 };
 
-/** [message] Looks the setup up. */
-Problem readEffectSetup (const EffectSetup& setup, EffectStart& start);
+/** Reads the settings. A problem is one of the command line, not of a file. */
+Problem readEffectSettings (const EffectSetup& setup, EffectStart& start);
+
+/** [message] Looks the preset up. */
+Problem loadEffectPreset (const EffectSetup& setup, EffectStart& start);

@@ -6,6 +6,7 @@
 #include "OpenCommand.h"
 
 #include "AudioInput.h"
+#include "CommandOptions.h"
 #include "EffectSetup.h"
 #include "Interruption.h"
 #include "LiveEffect.h"
@@ -96,15 +97,14 @@ Problem prepareEffect (EffectPath& effect, double rate, const EffectStart& start
     return {};
 }
 
-Problem openEditor (const OpenOptions& options)
+Problem openEditor (const OpenOptions& options, EffectStart& start)
 {
     if (juce::Desktop::getInstance().isHeadless())
         return "the editor needs a display to open on; 'wideloom picture' paints it without one";
 
-    EffectStart start;
     Music music;
 
-    if (auto problem = readEffectSetup (options.setup, start))
+    if (auto problem = loadEffectPreset (options.setup, start))
         return problem;
 
     if (! options.path.empty())
@@ -147,17 +147,21 @@ void addOpenCommand (CLI::App& program, ExitStatus& status)
     command->add_option ("file", options->path, "WAV, AIFF or FLAC file to loop; silence without one")
         ->type_name ("FILE");
     addEffectSetupOptions (*command, options->setup);
-    command
-        ->add_option ("--path",
-                      options->effectPath,
-                      "Show the editor of the plug-in, as its host does, or that of the effect itself")
-        ->check (CLI::IsMember ({ "host", "direct" }))
-        ->type_name ("host|direct");
+    addChoiceOption (*command,
+                     "--path",
+                     options->effectPath,
+                     { "host", "direct" },
+                     "Show the editor of the plug-in, as its host does, or that of the effect itself");
 
     command->callback (
         [options, &status]
         {
-            if (const auto problem = openEditor (*options))
+            EffectStart start;
+
+            if (const auto problem = readEffectSettings (options->setup, start))
+                refuseUsage (*problem);
+
+            if (const auto problem = openEditor (*options, start))
             {
                 printError (*problem);
                 status = ExitStatus::failure;

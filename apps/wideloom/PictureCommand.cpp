@@ -5,6 +5,7 @@
 
 #include "PictureCommand.h"
 
+#include "CommandOptions.h"
 #include "DescriptorOutputStream.h"
 #include "EditorPicture.h"
 #include "EffectSetup.h"
@@ -15,9 +16,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
-#include <map>
 #include <memory>
 
 namespace
@@ -25,27 +27,47 @@ namespace
 constexpr double lowestMeterDb = -144.0;
 constexpr double highestMeterDb = 24.0;
 
-enum class Scheme
+/** A word of --panel. */
+struct PanelRow
 {
-    dark,
-    bright
+    const char* name;
+    EditorPanel panel;
 };
 
-const std::map<std::string, Scheme> schemeNames { { "dark", Scheme::dark }, { "bright", Scheme::bright } };
-
-const std::map<std::string, EditorPanel> panelNames {
-    { "main", EditorPanel::main },         { "save", EditorPanel::save },       { "info", EditorPanel::info },
-    { "resizing", EditorPanel::resizing }, { "warning", EditorPanel::warning }, { "menu", EditorPanel::menu }
-};
+constexpr auto panelTable = std::to_array<PanelRow> ({
+    { "main", EditorPanel::main },
+    { "save", EditorPanel::save },
+    { "info", EditorPanel::info },
+    { "resizing", EditorPanel::resizing },
+    { "warning", EditorPanel::warning },
+    { "menu", EditorPanel::menu },
+});
 
 struct PictureOptions
 {
     std::string path;
     EditorPictureRequest request;
-    Scheme scheme = Scheme::bright;
-    std::string meters;
+    std::string scheme = "bright"; ///< --scheme
+    std::string panel = "main";    ///< --panel
+    std::optional<std::string> meters;
     EffectSetup setup;
 };
+
+std::vector<std::string> panelNames()
+{
+    std::vector<std::string> names;
+
+    for (const auto& row : panelTable)
+        names.emplace_back (row.name);
+
+    return names;
+}
+
+/** The name is one of the table. */
+EditorPanel panelOf (const std::string& name)
+{
+    return std::ranges::find (panelTable, name, &PanelRow::name)->panel;
+}
 
 std::optional<float> readPeak (std::string_view text)
 {
@@ -59,9 +81,6 @@ std::optional<float> readPeak (std::string_view text)
 
 Problem readMeters (const std::string& text, std::optional<EditorPictureRequest::Peaks>& peaks)
 {
-    if (text.empty())
-        return {};
-
     const std::string_view all (text);
     const auto comma = all.find (',');
     const auto left = readPeak (all.substr (0, comma));
@@ -87,30 +106,24 @@ Problem checkName (const std::string& path)
     return "the picture's name has to end in .png; '" + path + "' does not";
 }
 
-Problem writePng (const juce::Image& image, const std::string& path)
+Problem writePng (const juce::Image& image, TargetFile& target)
 {
-    Problem problem;
-    const auto target = TargetFile::create (path, true, problem);
-
-    if (target == nullptr)
-        return problem;
-
     int failure = 0;
     bool isWritten = false;
 
     {
-        DescriptorOutputStream stream (target->getDescriptor(), failure);
+        DescriptorOutputStream stream (target.getDescriptor(), failure);
         isWritten = juce::PNGImageFormat().writeImageToStream (image, stream);
         stream.flush();
     }
 
     if (failure != 0)
-        return target->getName() + " cannot be written: " + std::strerror (failure);
+        return target.getName() + " cannot be written: " + std::strerror (failure);
 
     if (! isWritten)
-        return target->getName() + " cannot be written";
+        return target.getName() + " cannot be written";
 
-    return target->commit();
+    return target.commit();
 }
 
 /** As a user would in the editor. */
@@ -124,23 +137,36 @@ void set (WideLoomAudioProcessor& processor, const EffectStart& start)
             parameterTable[static_cast<size_t> (setting.index)].name, setting.value, true);
 }
 
-Problem makePicture (PictureOptions& options)
+/** What cannot be read on the command line. */
+Problem readOptions (PictureOptions& options, EffectStart& start)
 {
+    options.request.isDark = options.scheme == "dark";
+    options.request.panel = panelOf (options.panel);
+
     if (auto problem = checkName (options.path))
         return problem;
 
-    if (auto problem = readMeters (options.meters, options.request.meters))
+    if (options.meters.has_value())
+        if (auto problem = readMeters (*options.meters, options.request.meters))
+            return problem;
+
+    return readEffectSettings (options.setup, start);
+}
+
+Problem makePicture (const PictureOptions& options, EffectStart& start)
+{
+    if (auto problem = loadEffectPreset (options.setup, start))
         return problem;
 
-    EffectStart start;
+    Problem problem;
+    const auto target = TargetFile::create (options.path, true, problem);
 
-    if (auto problem = readEffectSetup (options.setup, start))
+    if (target == nullptr)
         return problem;
 
     WideLoomAudioProcessor processor;
     set (processor, start);
-    options.request.isDark = options.scheme == Scheme::dark;
-    return writePng (paintEditorPicture (processor, options.request), options.path);
+    return writePng (paintEditorPicture (processor, options.request), *target);
 }
 } // namespace
 
@@ -156,15 +182,11 @@ void addPictureCommand (CLI::App& program, ExitStatus& status)
         ->type_name ("PIXELS")
         ->check (CLI::Range (lowestPictureHeight, highestPictureHeight))
         ->capture_default_str();
-    command->add_option ("--scheme", options->scheme, "Colour scheme: dark or bright")
-        ->type_name ("SCHEME")
-        ->transform (CLI::CheckedTransformer (schemeNames));
+    addChoiceOption (*command, "--scheme", options->scheme, { "dark", "bright" }, "Colour scheme")
+        ->capture_default_str();
     command->add_flag ("--expert", options->request.isExpert, "Show the expert options");
-    command
-        ->add_option (
-            "--panel", options->request.panel, "What to show: main, save, info, resizing, warning or menu")
-        ->type_name ("PANEL")
-        ->transform (CLI::CheckedTransformer (panelNames));
+    addChoiceOption (*command, "--panel", options->panel, panelNames(), "What to show")
+        ->capture_default_str();
     command->add_option ("--meters", options->meters, "Levels of left and right in dB, such as -6,-9.5")
         ->type_name ("L,R");
     addEffectSetupOptions (*command, options->setup);
@@ -172,7 +194,12 @@ void addPictureCommand (CLI::App& program, ExitStatus& status)
     command->callback (
         [options, &status]
         {
-            if (const auto problem = makePicture (*options))
+            EffectStart start;
+
+            if (const auto problem = readOptions (*options, start))
+                refuseUsage (*problem);
+
+            if (const auto problem = makePicture (*options, start))
             {
                 printError (*problem);
                 status = ExitStatus::failure;

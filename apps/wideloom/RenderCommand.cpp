@@ -5,6 +5,7 @@
 
 #include "RenderCommand.h"
 
+#include "CommandOptions.h"
 #include "RenderBatch.h"
 #include "RenderStart.h"
 #include "RenderTask.h"
@@ -38,21 +39,16 @@ std::vector<RenderOptions::Assignment> assignmentsInOrder (const CLI::App& comma
     return assignments;
 }
 
-[[noreturn]] void refuse (const std::string& text)
-{
-    throw CLI::ValidationError (text, static_cast<int> (ExitStatus::wrongUsage));
-}
-
 ExitStatus run (const RenderOptions& options)
 {
     std::vector<RenderOptions::Task> tasks;
     RenderSettings settings;
 
     if (const auto problem = options.findTasks (tasks))
-        refuse (*problem);
+        refuseUsage (*problem);
 
     if (const auto problem = readRenderSettings (options, settings))
-        refuse (*problem);
+        refuseUsage (*problem);
 
     if (! options.automationFile.empty())
     {
@@ -91,14 +87,9 @@ ExitStatus run (const RenderOptions& options)
     std::optional<SampleFormat> samples;
 
     if (const auto problem = readOutputForm (options, tasks[0].output, container, samples))
-        refuse (*problem);
+        refuseUsage (*problem);
 
     return runRenderTask (options, settings, desk.get(), tasks[0]);
-}
-/** An empty name would look as if the option had not been given. */
-std::string refuseEmpty (const std::string& text)
-{
-    return text.empty() ? "it is empty; a name is needed" : "";
 }
 
 /** What the effect starts from, one of three, and what is kept of it. */
@@ -155,9 +146,11 @@ void addRenderCommand (CLI::App& program, ExitStatus& status)
         ->add_option (
             "--automation", options->automationFile, "Lines of sample position, name, normalised value")
         ->type_name ("FILE.csv");
-    command->add_option ("--bits", options->bits, "Bit depth of the output; that of the input otherwise")
-        ->check (CLI::IsMember ({ "16", "24", "32f" }))
-        ->type_name ("16|24|32f");
+    addChoiceOption (*command,
+                     "--bits",
+                     options->bits,
+                     { "16", "24", "32f" },
+                     "Bit depth of the output; that of the input otherwise");
     command->add_flag ("--no-dither", options->noDither, "Do not dither 16-bit output");
     command->add_option ("--out-dir", options->outputFolder, "Folder for the outputs, which keep their names")
         ->type_name ("DIR");
@@ -174,13 +167,13 @@ void addRenderCommand (CLI::App& program, ExitStatus& status)
         ->check (CLI::Range (1, RenderSettings::mostBlockFrames))
         ->type_name ("N");
     options->path = "host";
-    command
-        ->add_option ("--path",
-                      options->path,
-                      "Render through the plug-in, as its host does, or call the effect directly; the output "
-                      "is the same")
-        ->check (CLI::IsMember ({ "host", "direct" }))
-        ->type_name ("host|direct");
+    addChoiceOption (
+        *command,
+        "--path",
+        options->path,
+        { "host", "direct" },
+        "Render through the plug-in, as its host does, or call the effect directly; the output is "
+        "the same");
     command
         ->add_option (
             "--report", options->reportFile, "Write meter peaks and stereo figures before and after")

@@ -130,16 +130,21 @@ TEST_P (PictureCommandRefusal, LeavesNoFile)
 INSTANTIATE_TEST_SUITE_P (
     Mistakes,
     PictureCommandRefusal,
-    testing::Values (RefusalCase { "NoPng", ".wav", {}, ExitStatus::failure },
+    testing::Values (RefusalCase { "NoPng", ".wav", {}, ExitStatus::wrongUsage },
                      RefusalCase { "NoSuchPreset", ".png", { "--preset", "init" }, ExitStatus::failure },
-                     RefusalCase { "NoSuchParameter", ".png", { "--set", "Pam=C" }, ExitStatus::failure },
-                     RefusalCase { "OneMeter", ".png", { "--meters", "-6" }, ExitStatus::failure },
-                     RefusalCase { "MeterOfWords", ".png", { "--meters", "a,b" }, ExitStatus::failure },
-                     RefusalCase { "LoudMeter", ".png", { "--meters", "0,25" }, ExitStatus::failure },
+                     RefusalCase { "EmptyPreset", ".png", { "--preset", "" }, ExitStatus::wrongUsage },
+                     RefusalCase { "NoSuchParameter", ".png", { "--set", "Pam=C" }, ExitStatus::wrongUsage },
+                     RefusalCase { "NoSuchValue", ".png", { "--set", "Pan=far" }, ExitStatus::wrongUsage },
+                     RefusalCase { "NoMeters", ".png", { "--meters", "" }, ExitStatus::wrongUsage },
+                     RefusalCase { "OneMeter", ".png", { "--meters", "-6" }, ExitStatus::wrongUsage },
+                     RefusalCase { "MeterOfWords", ".png", { "--meters", "a,b" }, ExitStatus::wrongUsage },
+                     RefusalCase { "LoudMeter", ".png", { "--meters", "0,25" }, ExitStatus::wrongUsage },
                      RefusalCase { "NoHeight", ".png", { "--height", "0" }, ExitStatus::wrongUsage },
                      RefusalCase { "HugeHeight", ".png", { "--height", "100000" }, ExitStatus::wrongUsage },
                      RefusalCase { "NoSuchPanel", ".png", { "--panel", "all" }, ExitStatus::wrongUsage },
-                     RefusalCase { "NoSuchScheme", ".png", { "--scheme", "red" }, ExitStatus::wrongUsage }),
+                     RefusalCase { "PanelByNumber", ".png", { "--panel", "2" }, ExitStatus::wrongUsage },
+                     RefusalCase { "NoSuchScheme", ".png", { "--scheme", "red" }, ExitStatus::wrongUsage },
+                     RefusalCase { "SchemeByNumber", ".png", { "--scheme", "0" }, ExitStatus::wrongUsage }),
     [] (const auto& row) { return std::string (row.param.name); });
 
 TEST (EditorPicture, LeavesNoEditorOpen)
