@@ -51,6 +51,7 @@ struct PictureOptions
     std::string panel = "main";    ///< --panel
     std::optional<std::string> meters;
     EffectSetup setup;
+    bool force = false;
 };
 
 std::vector<std::string> panelNames()
@@ -93,7 +94,7 @@ Problem readMeters (const std::string& text, std::optional<EditorPictureRequest:
     return {};
 }
 
-/** A picture replaces an older picture, but never a file of another kind. */
+/** So that a picture never replaces a file of another kind, not even with --force. */
 Problem checkName (const std::string& path)
 {
     constexpr std::string_view ending = ".png";
@@ -159,7 +160,7 @@ Problem makePicture (const PictureOptions& options, EffectStart& start)
         return problem;
 
     Problem problem;
-    const auto target = TargetFile::create (options.path, true, problem);
+    const auto target = TargetFile::create (options.path, options.force, problem);
 
     if (target == nullptr)
         return problem;
@@ -190,6 +191,7 @@ void addPictureCommand (CLI::App& program, ExitStatus& status)
     command->add_option ("--meters", options->meters, "Levels of left and right in dB, such as -6,-9.5")
         ->type_name ("L,R");
     addEffectSetupOptions (*command, options->setup);
+    command->add_flag ("--force", options->force, "Replace a picture that exists");
 
     command->callback (
         [options, &status]

@@ -66,8 +66,19 @@ TEST (PictureCommand, WritesAPictureOfTheHeightAskedFor)
 
     // The same once more gives the same, in place of the old picture.
     const auto first = picture.load();
-    ASSERT_EQ (run ({ picture.path(), "--height", "250" }), ExitStatus::success);
+    ASSERT_EQ (run ({ picture.path(), "--height", "250", "--force" }), ExitStatus::success);
     EXPECT_EQ (countDifferences (first, picture.load()), 0);
+}
+
+TEST (PictureCommand, ReplacesAFileOnlyWhenForced)
+{
+    const PictureFile picture;
+    ASSERT_TRUE (picture.file.replaceWithText ("mine"));
+    EXPECT_EQ (run ({ picture.path() }), ExitStatus::failure);
+    EXPECT_EQ (picture.file.loadFileAsString(), "mine");
+
+    ASSERT_EQ (run ({ picture.path(), "--height", "250", "--force" }), ExitStatus::success);
+    EXPECT_EQ (picture.load().getHeight(), 250);
 }
 
 struct ChangeCase
@@ -131,6 +142,7 @@ INSTANTIATE_TEST_SUITE_P (
     Mistakes,
     PictureCommandRefusal,
     testing::Values (RefusalCase { "NoPng", ".wav", {}, ExitStatus::wrongUsage },
+                     RefusalCase { "NoPngForced", ".wav", { "--force" }, ExitStatus::wrongUsage },
                      RefusalCase { "NoSuchPreset", ".png", { "--preset", "init" }, ExitStatus::failure },
                      RefusalCase { "EmptyPreset", ".png", { "--preset", "" }, ExitStatus::wrongUsage },
                      RefusalCase { "NoSuchParameter", ".png", { "--set", "Pam=C" }, ExitStatus::wrongUsage },
