@@ -48,7 +48,7 @@ std::int32_t RemoteEngine::call (void* object, const std::uintptr_t* words, std:
     RemoteMessage message (words, words == nullptr ? 0 : numWords);
 
     // Even a host that fails must let its real-time threads go on.
-    if (fault != ficSuccess && ! (numWords == 1 && words[0] == unprotectWord))
+    if (fault != ficSuccess && ! (words != nullptr && numWords == 1 && words[0] == unprotectWord))
         return fault;
 
     if (takeMessage (object, message))

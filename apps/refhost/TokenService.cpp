@@ -194,7 +194,10 @@ void TokenService::deliver (const SFicSDSToken& token)
         if (listener.latestOnly != 0)
             std::erase_if (waiting, [&] (const auto& other) { return other.listener == object.get(); });
 
-        waiting.push_back ({ std::make_unique<SFicSDSToken> (token), object.get(), listener.taskValue });
+        auto& last = waiting.emplace_back();
+        last.token = std::make_unique<SFicSDSToken> (token);
+        last.listener = object.get();
+        last.taskValue = listener.taskValue;
     }
 }
 

@@ -430,7 +430,7 @@ static_assert (sizeof (SFicServices) == 48 && offsetof (SFicServices, InitFic) =
     X (unsigned char, FicEventAvail, (EventRecord * *event))
 
 #define FIC_DECLARE_HOST_FUNCTION(Result, Name, parameters)                                                  \
-    typedef Result (*Name##Proc) parameters; /* NOLINT: types take no parentheses */
+    typedef Result (*Name##Proc) parameters;
 FIC_HOST_FUNCTIONS (FIC_DECLARE_HOST_FUNCTION)
 #undef FIC_DECLARE_HOST_FUNCTION
 
@@ -670,7 +670,7 @@ enum
 
 #define FIC_BARE(...) __VA_ARGS__
 #define FIC_GROUP_TYPE(selector, Name, parameters, names)                                                              \
-    typedef int32_t (*PI_##Name##Proc) parameters; /* NOLINT: has its own parentheses */
+    typedef int32_t (*PI_##Name##Proc) parameters;
 #define FIC_TYPE_TYPE(selector, Name, parameters, names)                                                               \
     typedef int32_t (*PI_##Name##Proc) (uint32_t type FIC_BARE parameters);
 #define FIC_PROCESS_TYPE(selector, Name, answer, parameters, names)                                                    \
