@@ -7,6 +7,8 @@
 
 #include "EffectPath.h"
 
+#include <juce_audio_processors/juce_audio_processors.h>
+
 #include <memory>
 
 class WideLoomAudioProcessor;

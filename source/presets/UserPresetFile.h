@@ -18,7 +18,7 @@ namespace UserPresetFile
 inline constexpr auto extension = ".q7p";
 
 /** As much of a file as is looked at: room for any body that may be read, and for a very long header. */
-inline constexpr std::size_t maxBytes = 1024 * 1024;
+inline constexpr std::size_t maxBytes = std::size_t { 1024 } * 1024;
 
 /** What reading gives: a tree, or an invalid one and why. */
 struct Contents
