@@ -14,6 +14,7 @@
 #include "RealTimeOutput.h"
 
 #include <CLI/CLI.hpp>
+#include <juce_gui_basics/juce_gui_basics.h>
 
 #include <memory>
 

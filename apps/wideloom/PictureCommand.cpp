@@ -20,6 +20,7 @@
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <iterator>
 #include <memory>
 
 namespace
@@ -57,6 +58,7 @@ struct PictureOptions
 std::vector<std::string> panelNames()
 {
     std::vector<std::string> names;
+    names.reserve (std::size (panelTable));
 
     for (const auto& row : panelTable)
         names.emplace_back (row.name);

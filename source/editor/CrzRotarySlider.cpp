@@ -111,7 +111,7 @@ void CrzRotarySlider::modifierKeysChanged (const juce::ModifierKeys& modifiers)
 {
     // In a drag the base class would show the pointer and move it as soon as any modifier goes down.
     if (plainPressIsDown)
-        juce::Component::modifierKeysChanged (modifiers);
+        juce::Component::modifierKeysChanged (modifiers); // NOLINT: past the base class on purpose
     else
         juce::Slider::modifierKeysChanged (modifiers);
 }
