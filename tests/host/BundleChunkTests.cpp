@@ -127,18 +127,6 @@ TEST_F (BundleChunks, CarryTheirMakersCodesAndVersion)
     EXPECT_EQ (std::memcmp (chunk.body(), "\1\1\1\1", 4), 0);
 }
 
-TEST_F (BundleChunks, ComeWithoutHavingBeenAskedForTheirSize)
-{
-    std::int32_t size = 0;
-    pi.GetChunkSize (typeCode, instance->getIndex(), FIC_CHUNK_JUCE, &size);
-    const auto bodySize = static_cast<std::size_t> (size - ficChunkHeaderSize);
-    ChunkRecord first (bodySize), second (bodySize);
-    EXPECT_EQ (pi.GetChunk (typeCode, instance->getIndex(), FIC_CHUNK_JUCE, first.get()), ficSuccess);
-    EXPECT_EQ (pi.GetChunk (typeCode, instance->getIndex(), FIC_CHUNK_JUCE, second.get()), ficSuccess);
-    EXPECT_EQ (second.get()->chunkSize, size);
-    EXPECT_EQ (std::memcmp (first.body(), second.body(), bodySize), 0);
-}
-
 TEST_F (BundleChunks, OfOthersAreRefused)
 {
     const auto state = stateOf (*instance);
@@ -156,22 +144,6 @@ TEST_F (BundleChunks, OfOthersAreRefused)
         EXPECT_EQ (same, 7);
         EXPECT_EQ (stateOf (*instance), before);
     }
-}
-
-TEST_F (BundleChunks, OfUnknownKindsChangeNothing)
-{
-    const auto before = stateOf (*instance);
-    constexpr auto unknown = FIC_CODE ('w', 'h', 'a', 't');
-    auto chunk = chunkOf (unknown, bytesOf ("whatever"));
-    std::int32_t size = 9;
-    unsigned char same = 0;
-    EXPECT_EQ (set (chunk, unknown), ficSuccess);
-    EXPECT_EQ (pi.GetChunkSize (typeCode, instance->getIndex(), unknown, &size), ficChunkNotHandled);
-    EXPECT_EQ (size, 0);
-    EXPECT_EQ (pi.GetChunk (typeCode, instance->getIndex(), unknown, chunk.get()), ficChunkNotHandled);
-    EXPECT_EQ (pi.CompareActiveChunk (typeCode, instance->getIndex(), chunk.get(), &same), ficSuccess);
-    EXPECT_EQ (same, 1);
-    EXPECT_EQ (stateOf (*instance), before);
 }
 
 TEST_F (BundleChunks, ThatAreDamagedChangeNothing)
@@ -230,44 +202,5 @@ TEST_F (BundleChunks, OfRandomBytesDoNoHarm)
     // Still alive and willing.
     EXPECT_EQ (instance->setChunk (FIC_CHUNK_JUCE, good), ficSuccess);
     EXPECT_EQ (stateOf (*instance), good);
-}
-
-TEST_F (BundleChunks, OfControlsHoldNoneAndRestoreNone)
-{
-    Bytes body;
-    ASSERT_EQ (instance->getChunk (FIC_CHUNK_CONTROLS, body), ficSuccess);
-    EXPECT_EQ (body, bytesOf ("\1\1\1\1"));
-
-    instance->setValue (masterBypass, highest);
-    auto chunk = chunkOf (FIC_CHUNK_CONTROLS, bytesOf (numberEntry ("bypa", 0)));
-    unsigned char same = 0;
-    EXPECT_EQ (pi.CompareActiveChunk (typeCode, instance->getIndex(), chunk.get(), &same), ficSuccess);
-    EXPECT_EQ (same, 1);
-    EXPECT_EQ (set (chunk, FIC_CHUNK_CONTROLS), ficSuccess);
-    EXPECT_EQ (instance->getValue (masterBypass), highest);
-}
-
-TEST_F (BundleChunks, OfTheTransportGiveEachInstanceAnIdOfItsOwn)
-{
-    Bytes first, second;
-    const auto other = insert();
-    ASSERT_EQ (instance->getChunk (FIC_CHUNK_MIDI, first), ficSuccess);
-    ASSERT_EQ (other->getChunk (FIC_CHUNK_MIDI, second), ficSuccess);
-    EXPECT_EQ (first, bytesOf (numberEntry ("Instance ID", 1)));
-    EXPECT_EQ (second, bytesOf (numberEntry ("Instance ID", 2)));
-
-    // Taken, so the next free one; and with an older host's name for it.
-    EXPECT_EQ (other->setChunk (FIC_CHUNK_MIDI, first), ficSuccess);
-    ASSERT_EQ (other->getChunk (FIC_CHUNK_MIDI, second), ficSuccess);
-    EXPECT_EQ (second, bytesOf (numberEntry ("Instance ID", 2)));
-    EXPECT_EQ (other->setChunk (FIC_CHUNK_MIDI, bytesOf (numberEntry ("Node ID", 40))), ficSuccess);
-    ASSERT_EQ (other->getChunk (FIC_CHUNK_MIDI, second), ficSuccess);
-    EXPECT_EQ (second, bytesOf (numberEntry ("Instance ID", 40)));
-
-    for (const auto& body : { std::string(), numberEntry ("Other ID", 3), std::string ("\2\2\2\2\2\2\2\2") })
-        EXPECT_EQ (other->setChunk (FIC_CHUNK_MIDI, bytesOf (body)), ficMidiChunkRefused) << body.size();
-
-    EXPECT_EQ (pi.ReleaseMIDI (typeCode, other->getIndex()), ficSuccess);
-    EXPECT_EQ (other->setChunk (FIC_CHUNK_MIDI, first), ficMidiChunkRefused);
 }
 } // namespace

@@ -4,6 +4,7 @@
 // The life of the plug-in in its host: start, instances, end, and a host that fails at any point of it.
 
 #include "BundleFixture.h"
+#include "support/NamedRows.h"
 
 namespace
 {
@@ -94,66 +95,6 @@ TEST_F (BundleLife, KeepsSixtyFourInstancesApart)
         instances[static_cast<std::size_t> (i * 37 % numInstances)].reset();
 }
 
-TEST_F (BundleLife, CannotBeRenderedBehindItsEnd)
-{
-    start();
-    auto instance = insert();
-    const auto plugIn = instance->getPlugIn();
-    ASSERT_NE (plugIn, nullptr);
-    instance.reset();
-    float sample = 0.0f;
-    std::array<float*, 2> channels { &sample, &sample };
-    EXPECT_FALSE (services.engine.render (*plugIn, channels.data(), channels.data(), 1));
-    EXPECT_EQ (services.engine.getNumPlugIns(), 0);
-}
-
-/** Rendered noise with Safe Bass on, whose filter depends on the sample rate. */
-std::vector<float> filtered (const HostInstance& instance)
-{
-    instance.setValue (BundleFixture::safeBass, BundleFixture::highest);
-    instance.setValue (BundleFixture::safeBassFreq, BundleFixture::highest);
-    BlockOfAudio audio (512);
-    EXPECT_TRUE (audio.render (instance, 512));
-    return audio.output[0];
-}
-
-TEST_F (BundleLife, PreparesAnInstanceForTheRateThatTheHostHasSetBefore)
-{
-    start();
-    const auto atUsualRate = filtered (*insert());
-    ASSERT_EQ (pi.SetSampleRate (96000), ficSuccess);
-    const auto instance = insert();
-    const auto atHighRate = filtered (*instance);
-    EXPECT_NE (atHighRate, atUsualRate);
-
-    // A rate that comes later holds for later instances.
-    ASSERT_EQ (pi.SetSampleRate (44100), ficSuccess);
-    const auto later = insert();
-    EXPECT_EQ (filtered (*later), atUsualRate);
-}
-
-TEST_F (BundleLife, RegistersForTheHighestTransportThatTheHostHas)
-{
-    start();
-
-    for (std::int32_t version = 0; version <= refhost::HostTransport::highestVersion; ++version)
-    {
-        services.transport.version = version;
-        const int callsBefore = services.faults.getNumCalls (HostPoint::FicRegisterDirectMIDIClient);
-        const auto instance = insert();
-        EXPECT_EQ (services.transport.getNumClients(), version > 0 ? 1 : 0) << version;
-        const int attempts =
-            services.faults.getNumCalls (HostPoint::FicRegisterDirectMIDIClient) - callsBefore;
-        EXPECT_EQ (attempts, version > 0 ? 8 - version : 7);
-
-        services.transport.position.isPlaying = true;
-        BlockOfAudio audio (64);
-        EXPECT_TRUE (audio.render (*instance, 64)) << version;
-        EXPECT_EQ (pi.ReleaseMIDI (typeCode, instance->getIndex()), ficSuccess);
-        EXPECT_EQ (services.transport.getNumClients(), 0) << version;
-    }
-}
-
 struct FaultRow
 {
     HostPoint point;
@@ -180,13 +121,19 @@ constexpr bool letsGo (HostPoint point)
 }
 
 #define FAULT_ROW(Result, Name, parameters) FaultRow { HostPoint::Name, #Name },
-#define SERVICE_FAULT_ROW(Name)             FAULT_ROW (void, Name, ())
+#define SERVICE_ROW(Name)                   FAULT_ROW (void, Name, ())
 
-constexpr FaultRow faultRows[] = { FIC_HOST_FUNCTIONS (FAULT_ROW) SERVICE_FAULT_ROW (InitFic)
-                                       SERVICE_FAULT_ROW (NewStandardObject) SERVICE_FAULT_ROW (ReleaseName)
-                                           SERVICE_FAULT_ROW (GetRemoteObjectManager)
-                                               SERVICE_FAULT_ROW (RegisterRemoteObject)
-                                                   SERVICE_FAULT_ROW (CallRemoteObject) };
+// clang-format off
+constexpr FaultRow faultRows[] = {
+    FIC_HOST_FUNCTIONS (FAULT_ROW)
+    SERVICE_ROW (InitFic)
+    SERVICE_ROW (NewStandardObject)
+    SERVICE_ROW (ReleaseName)
+    SERVICE_ROW (GetRemoteObjectManager)
+    SERVICE_ROW (RegisterRemoteObject)
+    SERVICE_ROW (CallRemoteObject)
+};
+// clang-format on
 
 class BundleFaults : public BundleFixture, public testing::WithParamInterface<FaultRow>
 {
@@ -253,113 +200,5 @@ TEST_P (BundleFaults, LeaveNothingBehindAndAreOver)
     EXPECT_EQ (instance->getNumControls(), numControls);
 }
 
-INSTANTIATE_TEST_SUITE_P (Points,
-                          BundleFaults,
-                          testing::ValuesIn (faultRows),
-                          [] (const auto& row) { return std::string (row.param.name); });
-
-struct CodeRow
-{
-    const char* name;
-    HostPoint point;
-    HostFaults::Kind kind;
-    std::int32_t startResult, insertResult;
-};
-
-class BundleFaultCodes : public BundleFixture, public testing::WithParamInterface<CodeRow>
-{
-};
-
-TEST_P (BundleFaultCodes, ReachTheHostAsResults)
-{
-    const auto& row = GetParam();
-    services.faults.fail (row.point, row.kind);
-    ASSERT_EQ (bundle->start(), row.startResult);
-
-    if (row.startResult == ficSuccess)
-    {
-        std::int32_t result = ficSuccess;
-        const auto instance = HostInstance::make (*bundle, services, typeCode, result);
-        EXPECT_EQ (result, row.insertResult);
-    }
-
-    services.faults.clear();
-}
-
-constexpr auto usualCode = HostFaults::usualCode;
-
-constexpr CodeRow codeRows[] = {
-    { "noCriticalSection",
-      HostPoint::FicCreateCriticalSection,
-      HostFaults::Kind::code,
-      ficNoCriticalSection,
-      0 },
-    { "noServices", HostPoint::FicGetServices, HostFaults::Kind::code, ficServicesTooOld, 0 },
-    { "startThrowsBadAlloc",
-      HostPoint::FicCreateCriticalSection,
-      HostFaults::Kind::badAlloc,
-      ficOutOfMemory,
-      0 },
-    { "startThrows",
-      HostPoint::FicCreateCriticalSection,
-      HostFaults::Kind::exception,
-      ficUnknownException,
-      0 },
-    { "initFails", HostPoint::InitFic, HostFaults::Kind::code, 0, usualCode },
-    { "initThrows", HostPoint::InitFic, HostFaults::Kind::exception, 0, ficUnknownException },
-    { "nameRefused", HostPoint::FicSDSReserveName, HostFaults::Kind::code, 0, usualCode },
-    { "nameThrowsBadAlloc", HostPoint::FicSDSReserveName, HostFaults::Kind::badAlloc, 0, ficOutOfMemory },
-    { "registrationThrows", HostPoint::FicRegisterDirectMIDIClient, HostFaults::Kind::exception, 0, 0 },
-    { "noTransport", HostPoint::FicRegisterDirectMIDIClient, HostFaults::Kind::code, 0, 0 },
-    { "noTokenTask", HostPoint::NewStandardObject, HostFaults::Kind::code, 0, 0 },
-    { "noGestalt", HostPoint::FicGestalt, HostFaults::Kind::code, 0, 0 },
-    { "noManager", HostPoint::GetRemoteObjectManager, HostFaults::Kind::code, 0, 0 },
-};
-
-INSTANTIATE_TEST_SUITE_P (Rows,
-                          BundleFaultCodes,
-                          testing::ValuesIn (codeRows),
-                          [] (const auto& row) { return std::string (row.param.name); });
-
-TEST_F (BundleLife, RefusesAnInstanceWhoseListenersCannotAllBeMade)
-{
-    start();
-
-    // The task is the first object, the listeners come behind it, three a control.
-    for (const int call : { 2, 3, 80, 3 * numControls + 1 })
-    {
-        services.faults.fail (HostPoint::NewStandardObject, HostFaults::Kind::code, call, 1);
-        std::int32_t result = ficSuccess;
-        EXPECT_EQ (HostInstance::make (*bundle, services, typeCode, result), nullptr) << call;
-        EXPECT_EQ (result, ficObjectNotMade) << call;
-        services.faults.clear();
-        EXPECT_EQ (services.leftInTheBooks(), "") << call;
-    }
-
-    EXPECT_NE (insert(), nullptr);
-}
-
-class BundleWithOldHost : public BundleFixture
-{
-protected:
-    BundleWithOldHost()
-        : BundleFixture (oldHost())
-    {
-    }
-
-    static refhost::HostOffer oldHost()
-    {
-        refhost::HostOffer offer;
-        offer.servicesVersion = 0;
-        return offer;
-    }
-};
-
-TEST_F (BundleWithOldHost, DoesNotStart)
-{
-    EXPECT_EQ (bundle->start(), ficServicesTooOld);
-    std::int16_t numTypes = 9;
-    EXPECT_EQ (pi.GetNumProcessTypes (&numTypes), ficNoGroup);
-    EXPECT_EQ (numTypes, 9);
-}
+INSTANTIATE_ROWS (BundleFaults, faultRows);
 } // namespace

@@ -33,6 +33,8 @@ TEST_F (BundleThreads, RenderWhileTheMainThreadMovesControlsAndChunks)
                             random.between (lowest, highest));
         instance->idle();
         services.transport.position.playingSample += 64;
+        const SFicTimeCodeInfo timeCode { static_cast<signed char> (round % 9), round };
+        EXPECT_EQ (pi.SetTimeCodeInfo (&timeCode), ficSuccess);
 
         if (round % 10 == 0)
         {
@@ -44,6 +46,9 @@ TEST_F (BundleThreads, RenderWhileTheMainThreadMovesControlsAndChunks)
         if (round % 50 == 0)
             engine.waitForBlocks (2);
     }
+
+    EXPECT_EQ (pi.ReleaseMIDI (typeCode, instance->getIndex()), ficSuccess);
+    engine.waitForBlocks (2);
 }
 
 TEST_F (BundleThreads, RenderWhileOtherInstancesComeAndGo)

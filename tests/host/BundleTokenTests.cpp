@@ -106,31 +106,6 @@ TEST_F (BundleTokens, ChangeNothingWhenTheHostWithholdsItsAnswer)
     EXPECT_EQ (instance->getValue (mono), lowest);
 }
 
-TEST_F (BundleTokens, AnswerTheHostWhenItAsksForAValue)
-{
-    instance->setValue (stereoWidth, 12345);
-    tokens.clear();
-    services.tokens.send (nameOf (stereoWidth), FIC_TOKEN_GET, FIC_TOKEN_VALUE, 0);
-    EXPECT_THAT (takeKinds(), testing::IsEmpty());
-    instance->idle();
-    ASSERT_EQ (tokens.size(), 1u);
-    EXPECT_EQ (kindOf (tokens[0]), "CURV CAVL");
-    EXPECT_EQ (refhost::valueOf (tokens[0]), 12345);
-    EXPECT_EQ (tokens[0].nameID, nameOf (stereoWidth));
-}
-
-TEST_F (BundleTokens, SaturateRelativeChanges)
-{
-    const auto index = instance->getIndex();
-    instance->setValue (stereoWidth, highest - 3);
-    EXPECT_EQ (pi.UpdateControlRelative (typeCode, index, stereoWidth, 10), ficSuccess);
-    EXPECT_EQ (instance->getValue (stereoWidth), highest);
-    EXPECT_EQ (pi.UpdateControlRelative (typeCode, index, stereoWidth, lowest), ficSuccess);
-    EXPECT_EQ (instance->getValue (stereoWidth), -1);
-    EXPECT_EQ (pi.UpdateControlRelative (typeCode, index, stereoWidth, lowest), ficSuccess);
-    EXPECT_EQ (instance->getValue (stereoWidth), lowest);
-}
-
 TEST_F (BundleTokens, SurviveAnyTokenOfTheHost)
 {
     TestRandom random (testSeed());
@@ -157,32 +132,11 @@ TEST_F (BundleTokens, SurviveAnyTokenOfTheHost)
     EXPECT_EQ (services.tokens.getNumTokensTaken(), 0);
 }
 
-TEST_F (BundleTokens, OfAnInstanceThatGoesAreNotDelivered)
-{
-    auto other = insert();
-    std::int32_t nameID = 0;
-    pi.GetControlNameID (typeCode, other->getIndex(), stereoWidth, &nameID);
-
-    for (const auto type : { FIC_TOKEN_GET, FIC_TOKEN_CURRENT })
-        services.tokens.send (nameID, type, FIC_TOKEN_VALUE, 1);
-
-    other.reset();
-    tokens.clear();
-    instance->idle();
-    EXPECT_THAT (takeKinds(), testing::IsEmpty());
-}
-
 class BundleWithoutTokens : public BundleFixture
 {
 protected:
     BundleWithoutTokens()
-        : BundleFixture (
-            []
-            {
-                refhost::HostOffer offer;
-                offer.tokenService = false;
-                return offer;
-            }())
+        : BundleFixture ({ .tokenService = false })
     {
     }
 };

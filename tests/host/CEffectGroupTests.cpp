@@ -117,11 +117,6 @@ struct GestaltCase
     std::int32_t selector, given, answer;
 };
 
-void PrintTo (const GestaltCase& each, std::ostream* out)
-{
-    *out << each.name;
-}
-
 const GestaltCase gestaltCases[] = {
     { "NoSideChain", 5, 1, 0 },
     { "Effect", 7, 0, 1 },
@@ -139,14 +134,9 @@ const GestaltCase gestaltCases[] = {
     { "Negative", -1, 1, 0 },
 };
 
-class CEffectGroupGestalt : public CEffectGroupTest, public testing::WithParamInterface<GestaltCase>
-{
-};
+using CEffectGroupGestalt = WithRows<CEffectGroupTest, GestaltCase>;
 
-INSTANTIATE_TEST_SUITE_P (Selectors,
-                          CEffectGroupGestalt,
-                          testing::ValuesIn (gestaltCases),
-                          rowName<GestaltCase>);
+INSTANTIATE_ROWS (CEffectGroupGestalt, gestaltCases);
 
 TEST_P (CEffectGroupGestalt, IsAnswered)
 {
@@ -259,11 +249,6 @@ struct SpecCase
     std::uint32_t relatedProduct, relatedType; // in the spec afterwards
 };
 
-void PrintTo (const SpecCase& each, std::ostream* out)
-{
-    *out << each.name;
-}
-
 constexpr auto givenProduct = fourCC ("givn");
 
 const SpecCase specCases[] = {
@@ -280,11 +265,9 @@ const SpecCase specCases[] = {
     { "OtherMakerWithThree", fourCC ("othr"), stereo, 3, 3, ficSuccess, givenProduct, stereo },
 };
 
-class CEffectGroupRelated : public CEffectGroupTest, public testing::WithParamInterface<SpecCase>
-{
-};
+using CEffectGroupRelated = WithRows<CEffectGroupTest, SpecCase>;
 
-INSTANTIATE_TEST_SUITE_P (Layouts, CEffectGroupRelated, testing::ValuesIn (specCases), rowName<SpecCase>);
+INSTANTIATE_ROWS (CEffectGroupRelated, specCases);
 
 TEST_P (CEffectGroupRelated, TypeIsFoundByChannels)
 {
@@ -303,11 +286,6 @@ struct FormatCase
     std::uint32_t relatedType;
 };
 
-void PrintTo (const FormatCase& each, std::ostream* out)
-{
-    *out << each.name;
-}
-
 const FormatCase formatCases[] = {
     { "ByFormatsWhateverTheCounts", nativeType, 7, 7, stemFormatMono, stemFormatMono, ficSuccess, mono },
     { "ByCountsWithoutInputFormat", nativeType, 1, 2, -1, stemFormatMono, ficSuccess, monoToStereo },
@@ -317,11 +295,9 @@ const FormatCase formatCases[] = {
     { "NoSuchFormat", nativeType, 2, 2, 5, 5, ficNoRelatedType, stereo },
 };
 
-class CEffectGroupFormat : public CEffectGroupTest, public testing::WithParamInterface<FormatCase>
-{
-};
+using CEffectGroupFormat = WithRows<CEffectGroupTest, FormatCase>;
 
-INSTANTIATE_TEST_SUITE_P (Formats, CEffectGroupFormat, testing::ValuesIn (formatCases), rowName<FormatCase>);
+INSTANTIATE_ROWS (CEffectGroupFormat, formatCases);
 
 TEST_P (CEffectGroupFormat, FindsARelatedType)
 {
@@ -420,11 +396,6 @@ struct AnnouncementCase
     std::int32_t result;
 };
 
-void PrintTo (const AnnouncementCase& each, std::ostream* out)
-{
-    *out << each.name;
-}
-
 const AnnouncementCase announcementCases[] = {
     { "NotNative",
       false,
@@ -447,14 +418,9 @@ const AnnouncementCase announcementCases[] = {
       ficUnknownException },
 };
 
-class CEffectTypeRTASFailure : public CEffectGroupTest, public testing::WithParamInterface<AnnouncementCase>
-{
-};
+using CEffectTypeRTASFailure = WithRows<CEffectGroupTest, AnnouncementCase>;
 
-INSTANTIATE_TEST_SUITE_P (Kinds,
-                          CEffectTypeRTASFailure,
-                          testing::ValuesIn (announcementCases),
-                          rowName<AnnouncementCase>);
+INSTANTIATE_ROWS (CEffectTypeRTASFailure, announcementCases);
 
 TEST_P (CEffectTypeRTASFailure, ToAnnounceAProcessLeavesNothing)
 {

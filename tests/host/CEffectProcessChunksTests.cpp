@@ -90,9 +90,7 @@ struct ListRow
     std::vector<std::uint32_t> chunks;
 };
 
-class CEffectProcessChunkList : public testing::TestWithParam<ListRow>
-{
-};
+using CEffectProcessChunkList = testing::TestWithParam<ListRow>;
 
 TEST_P (CEffectProcessChunkList, HasTheControlsOnlyIfThereAreSome)
 {
@@ -133,7 +131,7 @@ const std::vector<ListRow> listRows {
     { "OneControl", 1, { controlsChunk, fourCC ("midi"), customChunk } },
 };
 
-INSTANTIATE_TEST_SUITE_P (Controls, CEffectProcessChunkList, testing::ValuesIn (listRows), rowName<ListRow>);
+INSTANTIATE_ROWS (CEffectProcessChunkList, listRows);
 
 TEST (CEffectProcessChunks, AreDescribedAndSized)
 {
@@ -246,9 +244,7 @@ struct LoadRow
     unsigned char same; // as CompareActiveChunk() answers before
 };
 
-class CEffectProcessLoad : public testing::TestWithParam<LoadRow>
-{
-};
+using CEffectProcessLoad = testing::TestWithParam<LoadRow>;
 
 TEST_P (CEffectProcessLoad, ComparesAndSets)
 {
@@ -322,7 +318,7 @@ const std::vector<LoadRow> loadRows {
     { "PlainControl", [] (auto& parser) { parser.AddInt32 ("plan", 1); }, 2.5, 0, 1 },
 };
 
-INSTANTIATE_TEST_SUITE_P (Contents, CEffectProcessLoad, testing::ValuesIn (loadRows), rowName<LoadRow>);
+INSTANTIATE_ROWS (CEffectProcessLoad, loadRows);
 
 TEST (CEffectProcessChunks, OfOthersAreTheSameAndChangeNothing)
 {

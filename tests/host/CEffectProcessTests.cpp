@@ -115,9 +115,7 @@ struct KeyRow
     unsigned char handled;
 };
 
-class CEffectProcessKeys : public testing::TestWithParam<KeyRow>
-{
-};
+using CEffectProcessKeys = testing::TestWithParam<KeyRow>;
 
 TEST_P (CEffectProcessKeys, GoToTheViewFirst)
 {
@@ -139,7 +137,7 @@ constexpr auto keyRows = std::to_array<KeyRow> ({
     { "Process", false, true, 1 },
 });
 
-INSTANTIATE_TEST_SUITE_P (Handlers, CEffectProcessKeys, testing::ValuesIn (keyRows), rowName<KeyRow>);
+INSTANTIATE_ROWS (CEffectProcessKeys, keyRows);
 
 TEST (CEffectProcess, FindsItsStringsBySelector)
 {
@@ -165,9 +163,7 @@ struct BypassRow
     unsigned char on;
 };
 
-class CEffectProcessBypass : public testing::TestWithParam<BypassRow>
-{
-};
+using CEffectProcessBypass = testing::TestWithParam<BypassRow>;
 
 TEST_P (CEffectProcessBypass, IsOnFromTheMiddleUp)
 {
@@ -187,7 +183,7 @@ constexpr auto bypassRows = std::to_array<BypassRow> ({
     { "Top", top, 1 },
 });
 
-INSTANTIATE_TEST_SUITE_P (Values, CEffectProcessBypass, testing::ValuesIn (bypassRows), rowName<BypassRow>);
+INSTANTIATE_ROWS (CEffectProcessBypass, bypassRows);
 
 TEST (CEffectProcess, SetsItsBypassToTheEndsOfTheScale)
 {

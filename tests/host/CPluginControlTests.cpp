@@ -83,9 +83,7 @@ const ValueTextCase valueTextCases[] = {
     { "OwnTextCut", spoken, 4, top, "Bypa" },
 };
 
-class ControlValueText : public testing::TestWithParam<ValueTextCase>
-{
-};
+using ControlValueText = testing::TestWithParam<ValueTextCase>;
 
 TEST_P (ControlValueText, EndsAtItsLengthAndAtTheLongest)
 {
@@ -143,9 +141,7 @@ const TypedCase typedCases[] = {
     { "OnIsNotTheOwnText", spoken, "On", bottom },
 };
 
-class ControlTypedText : public testing::TestWithParam<TypedCase>
-{
-};
+using ControlTypedText = testing::TestWithParam<TypedCase>;
 
 TEST_P (ControlTypedText, GivesAValueOnTheScale)
 {
@@ -153,11 +149,8 @@ TEST_P (ControlTypedText, GivesAValueOnTheScale)
     EXPECT_EQ (row.makeControl()->ConvertStringToValue (row.text), row.value);
 }
 
-INSTANTIATE_TEST_SUITE_P (Controls,
-                          ControlValueText,
-                          testing::ValuesIn (valueTextCases),
-                          rowName<ValueTextCase>);
-INSTANTIATE_TEST_SUITE_P (Controls, ControlTypedText, testing::ValuesIn (typedCases), rowName<TypedCase>);
+INSTANTIATE_ROWS (ControlValueText, valueTextCases);
+INSTANTIATE_ROWS (ControlTypedText, typedCases);
 
 std::string keysThatAreValid (CPluginControl& control)
 {

@@ -213,11 +213,6 @@ struct BroadcastCase
     std::int32_t (*send) (CProcessGroup& group);
 };
 
-void PrintTo (const BroadcastCase& each, std::ostream* out)
-{
-    *out << each.name;
-}
-
 const BroadcastCase broadcastCases[] = {
     { "SampleRate", "SetSampleRate", [] (CProcessGroup& group) { return group.SetSampleRate (48000); } },
     { "DitherBits", "SetDitherBits", [] (CProcessGroup& group) { return group.SetDitherBits (16); } },
@@ -233,14 +228,9 @@ const BroadcastCase broadcastCases[] = {
     { "Prime", "Prime", [] (CProcessGroup& group) { return group.Prime (1); } },
 };
 
-class CProcessGroupBroadcast : public CProcessGroupTest, public testing::WithParamInterface<BroadcastCase>
-{
-};
+using CProcessGroupBroadcast = WithRows<CProcessGroupTest, BroadcastCase>;
 
-INSTANTIATE_TEST_SUITE_P (Operations,
-                          CProcessGroupBroadcast,
-                          testing::ValuesIn (broadcastCases),
-                          rowName<BroadcastCase>);
+INSTANTIATE_ROWS (CProcessGroupBroadcast, broadcastCases);
 
 TEST_P (CProcessGroupBroadcast, ReachesAllAndReturnsTheFirstError)
 {
@@ -280,11 +270,6 @@ struct FailureCase
     bool isUndone; // the process had been made
 };
 
-void PrintTo (const FailureCase& each, std::ostream* out)
-{
-    *out << each.name;
-}
-
 const FailureCase failureCases[] = {
     { "NoProcess", "none", {}, ficObjectNotMade, false },
     { "InitializeThrowsItsCode", "Initialize", [] { return ficPortOutOfRange; }, ficPortOutOfRange, true },
@@ -320,10 +305,7 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P (Kinds,
-                          CProcessGroupFailure,
-                          testing::ValuesIn (failureCases),
-                          rowName<FailureCase>);
+INSTANTIATE_ROWS (CProcessGroupFailure, failureCases);
 
 TEST_P (CProcessGroupFailure, ToInstantiateLeavesNothing)
 {
@@ -394,11 +376,6 @@ struct ServiceCase
     bool hasServer, hasTask;
 };
 
-void PrintTo (const ServiceCase& each, std::ostream* out)
-{
-    *out << each.name;
-}
-
 const ServiceCase serviceCases[] = {
     { "InitFicFails",
       [] (FakeFramework& f) { f.initFicResult = ficPortOutOfRange; },
@@ -412,14 +389,9 @@ const ServiceCase serviceCases[] = {
     { "NoTask", [] (FakeFramework& f) { f.makesTokenTask = false; }, ficSuccess, true, false },
 };
 
-class CProcessGroupService : public CProcessGroupTest, public testing::WithParamInterface<ServiceCase>
-{
-};
+using CProcessGroupService = WithRows<CProcessGroupTest, ServiceCase>;
 
-INSTANTIATE_TEST_SUITE_P (Hosts,
-                          CProcessGroupService,
-                          testing::ValuesIn (serviceCases),
-                          rowName<ServiceCase>);
+INSTANTIATE_ROWS (CProcessGroupService, serviceCases);
 
 TEST_P (CProcessGroupService, MayBeMissing)
 {

@@ -107,9 +107,7 @@ TEST (CProcessRegistration, OfANewRootTakesTheOldOneBackFirst)
 }
 
 /** Where registering can go wrong: root, two controls, group, six listeners. */
-class CProcessFailure : public testing::TestWithParam<int>
-{
-};
+using CProcessFailure = testing::TestWithParam<int>;
 
 constexpr int numRegistrations = 10;
 constexpr int firstListener = 5;
@@ -146,9 +144,7 @@ struct MissingRow
     std::int32_t code;
 };
 
-class CProcessMissingFunction : public testing::TestWithParam<MissingRow>
-{
-};
+using CProcessMissingFunction = testing::TestWithParam<MissingRow>;
 
 TEST_P (CProcessMissingFunction, FailsWithItsCode)
 {
@@ -176,10 +172,7 @@ constexpr auto missingRows = std::to_array<MissingRow> ({
     { "Services", "FicGetServices", -7053 },
 });
 
-INSTANTIATE_TEST_SUITE_P (Functions,
-                          CProcessMissingFunction,
-                          testing::ValuesIn (missingRows),
-                          rowName<MissingRow>);
+INSTANTIATE_ROWS (CProcessMissingFunction, missingRows);
 
 TEST (CProcessRegistration, EndsWithTheProcess)
 {

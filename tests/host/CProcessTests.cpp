@@ -91,9 +91,7 @@ constexpr auto questions = std::to_array<QuestionRow> ({
     { "LengthOfText", askForPascalText, 5, 0 },
 });
 
-class CProcessQuestions : public testing::TestWithParam<QuestionRow>
-{
-};
+using CProcessQuestions = testing::TestWithParam<QuestionRow>;
 
 TEST_P (CProcessQuestions, AreAnsweredForEveryIndex)
 {
@@ -106,7 +104,7 @@ TEST_P (CProcessQuestions, AreAnsweredForEveryIndex)
         EXPECT_EQ (GetParam().ask (process, index), GetParam().ofNoControl) << index;
 }
 
-INSTANTIATE_TEST_SUITE_P (Operations, CProcessQuestions, testing::ValuesIn (questions), rowName<QuestionRow>);
+INSTANTIATE_ROWS (CProcessQuestions, questions);
 
 TEST (CProcessControls, IgnoresChangesOfControlsThatThereAreNot)
 {
@@ -188,9 +186,7 @@ constexpr auto textRows = std::to_array<TextRow> ({
     { "NoControl", 2, 9, 0, true },
 });
 
-class CProcessTexts : public testing::TestWithParam<TextRow>
-{
-};
+using CProcessTexts = testing::TestWithParam<TextRow>;
 
 TEST_P (CProcessTexts, AreAsLongAsTheHostSays)
 {
@@ -212,7 +208,7 @@ TEST_P (CProcessTexts, AreAsLongAsTheHostSays)
     EXPECT_TRUE (written.empty() || written.back() == '4');
 }
 
-INSTANTIATE_TEST_SUITE_P (Lengths, CProcessTexts, testing::ValuesIn (textRows), rowName<TextRow>);
+INSTANTIATE_ROWS (CProcessTexts, textRows);
 
 //==============================================================================================
 
@@ -233,9 +229,7 @@ constexpr auto stepRows = std::to_array<StepRow> ({
     { "FromEndToEnd", bottom, top, -1 },
 });
 
-class CProcessSteps : public testing::TestWithParam<StepRow>
-{
-};
+using CProcessSteps = testing::TestWithParam<StepRow>;
 
 TEST_P (CProcessSteps, StayOnTheScale)
 {
@@ -256,7 +250,7 @@ TEST_P (CProcessSteps, StayOnTheScale)
     EXPECT_EQ (numChanges, 2);
 }
 
-INSTANTIATE_TEST_SUITE_P (Deltas, CProcessSteps, testing::ValuesIn (stepRows), rowName<StepRow>);
+INSTANTIATE_ROWS (CProcessSteps, stepRows);
 
 //==============================================================================================
 

@@ -42,9 +42,7 @@ struct BytesRow
     std::vector<unsigned char> payload;
 };
 
-class CProcessTokenBytes : public testing::TestWithParam<BytesRow>
-{
-};
+using CProcessTokenBytes = testing::TestWithParam<BytesRow>;
 
 TEST_P (CProcessTokenBytes, AreExact)
 {
@@ -100,7 +98,7 @@ const std::vector<BytesRow> bytesRows {
     { "Current", updateValue, 0, widthID, fourCC ("CURV"), fourCC ("CAVL"), 42, valueBytes },
 };
 
-INSTANTIATE_TEST_SUITE_P (Tokens, CProcessTokenBytes, testing::ValuesIn (bytesRows), rowName<BytesRow>);
+INSTANTIATE_ROWS (CProcessTokenBytes, bytesRows);
 
 //==============================================================================================
 
@@ -114,9 +112,7 @@ struct TouchRow
     const char* tokens;
 };
 
-class CProcessTouch : public testing::TestWithParam<TouchRow>
-{
-};
+using CProcessTouch = testing::TestWithParam<TouchRow>;
 
 char shorthand (const SFicSDSToken& token)
 {
@@ -160,7 +156,7 @@ constexpr auto touchRows = std::to_array<TouchRow> ({
     { "ControlBelow", "TRV", -1, "" },
 });
 
-INSTANTIATE_TEST_SUITE_P (Sequences, CProcessTouch, testing::ValuesIn (touchRows), rowName<TouchRow>);
+INSTANTIATE_ROWS (CProcessTouch, touchRows);
 
 TEST (CProcessValues, OfOneControlAreTouchedApart)
 {
@@ -229,9 +225,7 @@ SFicSDSToken withLength (SFicSDSToken token, std::int16_t length)
     return token;
 }
 
-class CProcessIncoming : public testing::TestWithParam<IncomingRow>
-{
-};
+using CProcessIncoming = testing::TestWithParam<IncomingRow>;
 
 constexpr std::int32_t valueBefore = 5;
 
@@ -274,7 +268,7 @@ const std::vector<IncomingRow> incomingRows {
     { "Other", otherToken, { "token" }, valueBefore, {} },
 };
 
-INSTANTIATE_TEST_SUITE_P (Tokens, CProcessIncoming, testing::ValuesIn (incomingRows), rowName<IncomingRow>);
+INSTANTIATE_ROWS (CProcessIncoming, incomingRows);
 
 TEST (CProcessIdle, ReadsHighlightsFromTheirBytes)
 {

@@ -3,6 +3,7 @@
 //
 // Lists of named values in chunks that are whole, damaged or random.
 
+#include "support/NamedRows.h"
 #include "support/TestSeed.h"
 
 #include <gmock/gmock.h>
@@ -137,9 +138,7 @@ const EntryCase entryCases[] = {
       "l_" + std::string (253, 'n') + "\0\0\0\0\7"s },
 };
 
-class ChunkEntry : public testing::TestWithParam<EntryCase>
-{
-};
+using ChunkEntry = testing::TestWithParam<EntryCase>;
 
 // Twice, with another in between: the size of a field shows in where the next one starts.
 TEST_P (ChunkEntry, IsReadAndWrittenBack)
@@ -169,10 +168,7 @@ TEST_P (ChunkEntry, IsLeftOutWhereItIsCutShort)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P (Entries,
-                          ChunkEntry,
-                          testing::ValuesIn (entryCases),
-                          [] (const auto& row) { return std::string (row.param.name); });
+INSTANTIATE_ROWS (ChunkEntry, entryCases);
 
 struct DamageCase
 {
@@ -201,9 +197,7 @@ const DamageCase damageCases[] = {
     { "LongNameIsCut", marker + "l_" + std::string (254, 'n') + "\0\0\0\7"s, { std::string (253, 'n') } },
 };
 
-class DamagedChunk : public testing::TestWithParam<DamageCase>
-{
-};
+using DamagedChunk = testing::TestWithParam<DamageCase>;
 
 TEST_P (DamagedChunk, GivesWhatStandsBeforeTheDamage)
 {
@@ -219,10 +213,7 @@ TEST_P (DamagedChunk, GivesWhatStandsBeforeTheDamage)
     EXPECT_EQ (parser.chunkVersion, version);
 }
 
-INSTANTIATE_TEST_SUITE_P (Damage,
-                          DamagedChunk,
-                          testing::ValuesIn (damageCases),
-                          [] (const auto& row) { return std::string (row.param.name); });
+INSTANTIATE_ROWS (DamagedChunk, damageCases);
 
 TEST (ChunkDataParser, SizesBelowTheHeaderGiveAnEmptyList)
 {

@@ -51,9 +51,7 @@ constexpr ScaleCase toRangeCases[] = {
     { "NoExtent", 7, 7, 7, top },
 };
 
-class ToControlScale : public testing::TestWithParam<ScaleCase>
-{
-};
+using ToControlScale = testing::TestWithParam<ScaleCase>;
 
 TEST_P (ToControlScale, PutsTheValueThere)
 {
@@ -61,9 +59,7 @@ TEST_P (ToControlScale, PutsTheValueThere)
     EXPECT_EQ (LongToLongControl (row.value, row.low, row.high), row.control);
 }
 
-class FromControlScale : public testing::TestWithParam<ScaleCase>
-{
-};
+using FromControlScale = testing::TestWithParam<ScaleCase>;
 
 TEST_P (FromControlScale, FindsTheValue)
 {
@@ -71,8 +67,8 @@ TEST_P (FromControlScale, FindsTheValue)
     EXPECT_EQ (LongControlToNewRange (row.control, row.low, row.high), row.value);
 }
 
-INSTANTIATE_TEST_SUITE_P (Scale, ToControlScale, testing::ValuesIn (toScaleCases), rowName<ScaleCase>);
-INSTANTIATE_TEST_SUITE_P (Scale, FromControlScale, testing::ValuesIn (toRangeCases), rowName<ScaleCase>);
+INSTANTIATE_ROWS (ToControlScale, toScaleCases);
+INSTANTIATE_ROWS (FromControlScale, toRangeCases);
 
 TEST (ControlScale, EveryStepComesBack)
 {

@@ -10,6 +10,7 @@
 #include "host/HostGlobals.h"
 #include "host/Routines.h"
 #include "host/platform/ResourceFiles.h"
+#include "support/NamedRows.h"
 
 #include <gtest/gtest.h>
 
@@ -107,11 +108,6 @@ struct OpeningCase
     std::int32_t result;
 };
 
-void PrintTo (const OpeningCase& each, std::ostream* out)
-{
-    *out << each.name;
-}
-
 const OpeningCase openingCases[] = {
     { "NoGroup",
       [] (FakeFramework&)
@@ -136,14 +132,9 @@ const OpeningCase openingCases[] = {
       ficUnknownException },
 };
 
-class EntryPointsFailure : public EntryPoints, public testing::WithParamInterface<OpeningCase>
-{
-};
+using EntryPointsFailure = WithRows<EntryPoints, OpeningCase>;
 
-INSTANTIATE_TEST_SUITE_P (Kinds,
-                          EntryPointsFailure,
-                          testing::ValuesIn (openingCases),
-                          [] (const auto& testInfo) { return std::string (testInfo.param.name); });
+INSTANTIATE_ROWS (EntryPointsFailure, openingCases);
 
 TEST_P (EntryPointsFailure, ToOpenLeavesNothing)
 {

@@ -20,11 +20,6 @@ struct FrameworkCase
     bool hasServices;
 };
 
-void PrintTo (const FrameworkCase& each, std::ostream* out)
-{
-    *out << each.name;
-}
-
 const FrameworkCase frameworkCases[] = {
     { "AllThere", true, "", ficSuccess, ficSuccess, 1, true },
     { "NoFramework", false, "", ficFrameworkMissing, ficFrameworkMissing, 0, false },
@@ -33,9 +28,7 @@ const FrameworkCase frameworkCases[] = {
     { "NoServices", true, "FicGetServices", ficSuccess, ficSuccess, 1, false },
 };
 
-class FicFunctions : public testing::TestWithParam<FrameworkCase>
-{
-};
+using FicFunctions = testing::TestWithParam<FrameworkCase>;
 
 TEST_P (FicFunctions, AnswerWithTheCodeOfWhatIsMissing)
 {
@@ -51,10 +44,7 @@ TEST_P (FicFunctions, AnswerWithTheCodeOfWhatIsMissing)
     EXPECT_EQ (host::FicGetServices() != nullptr, GetParam().hasServices);
 }
 
-INSTANTIATE_TEST_SUITE_P (Frameworks,
-                          FicFunctions,
-                          testing::ValuesIn (frameworkCases),
-                          rowName<FrameworkCase>);
+INSTANTIATE_ROWS (FicFunctions, frameworkCases);
 
 TEST (FicFunctions, AreForgottenWithTheFramework)
 {

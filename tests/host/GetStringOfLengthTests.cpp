@@ -3,6 +3,8 @@
 //
 // Which name is written into a buffer, and that no byte beside it changes.
 
+#include "support/NamedRows.h"
+
 #include <gtest/gtest.h>
 #include <host/GetStringOfLength.h>
 
@@ -44,9 +46,7 @@ constexpr NameCase nameCases[] = {
     { "NullWithNegativeLength", nullptr, -1, ""sv },
 };
 
-class GetStringOfLengthNames : public testing::TestWithParam<NameCase>
-{
-};
+using GetStringOfLengthNames = testing::TestWithParam<NameCase>;
 
 TEST_P (GetStringOfLengthNames, WritesThisAndNothingElse)
 {
@@ -62,8 +62,5 @@ TEST_P (GetStringOfLengthNames, WritesThisAndNothingElse)
     GetStringOfLength (nullptr, row.names, row.maxLength);
 }
 
-INSTANTIATE_TEST_SUITE_P (Names,
-                          GetStringOfLengthNames,
-                          testing::ValuesIn (nameCases),
-                          [] (const auto& row) { return std::string (row.param.name); });
+INSTANTIATE_ROWS (GetStringOfLengthNames, nameCases);
 } // namespace

@@ -5,6 +5,7 @@
 
 #include "EditorTestProcessor.h"
 #include "host/platform/HostWindow.h"
+#include "support/NamedRows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -166,9 +167,7 @@ struct PlaceCase
     int hostWidth, expectedX;
 };
 
-class EditorPlace : public JuceCustomUIViewTest, public testing::WithParamInterface<PlaceCase>
-{
-};
+using EditorPlace = WithRows<JuceCustomUIViewTest, PlaceCase>;
 
 constexpr PlaceCase placeCases[] = { { "InTheMiddleOfAWiderWindow", 800, 200 },
                                      { "HalfAPixelToTheLeft", 403, 1 },
@@ -191,10 +190,7 @@ TEST_P (EditorPlace, AtTheTopOfTheWindow)
     EXPECT_EQ (second.child->getPosition(), juce::Point<int> (GetParam().expectedX, 0));
 }
 
-INSTANTIATE_TEST_SUITE_P (Windows,
-                          EditorPlace,
-                          testing::ValuesIn (placeCases),
-                          [] (const auto& testCase) { return std::string (testCase.param.name); });
+INSTANTIATE_ROWS (EditorPlace, placeCases);
 
 TEST_F (JuceCustomUIViewTest, ShowsAndHidesTheEditorWithTheWindow)
 {

@@ -20,12 +20,6 @@ constexpr auto top = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t masterBypass = 1;
 constexpr std::int32_t chunkHeader = 56;
 
-float widthOf (const JucePlugInProcess& effect)
-{
-    return dynamic_cast<WideLoomAudioProcessor&> (effect.getFilter())
-        .getParameter (indexOf (ParameterId::stereoWidth));
-}
-
 /** A chunk that says it has `size` bytes, with a body of that many. */
 std::vector<unsigned char> chunkOfSize (std::int32_t size, const std::string& body = {})
 {
@@ -53,6 +47,20 @@ protected:
         std::int32_t value = 0;
         EXPECT_EQ (process->GetControlValue (control, &value), ficSuccess);
         return value;
+    }
+
+    int isAutomatable (std::int32_t control)
+    {
+        unsigned char answer = 99;
+        EXPECT_EQ (process->IsControlAutomatable (control, &answer), ficSuccess);
+        return answer;
+    }
+
+    std::string textOf (std::int32_t control, std::int32_t value)
+    {
+        std::array<char, 16> text {};
+        EXPECT_EQ (process->MapControlValToString (control, value, text.data(), 15), ficSuccess);
+        return text.data();
     }
 
     std::string nameOf (std::int32_t control, std::int32_t length)
@@ -84,7 +92,7 @@ protected:
 TEST_F (JucePlugInProcessTest, TheHostSeesTheBypassAndEveryParameterSlot)
 {
     auto& effect = instantiate();
-    std::int32_t numControls = 0, bypassControl = 0, numChunks = 0;
+    std::int32_t numControls = 0, bypassControl = 0;
     EXPECT_EQ (effect.GetNumControls (&numControls), 0);
     EXPECT_EQ (numControls, 51);
     EXPECT_EQ (effect.GetMasterBypassControl (&bypassControl), 0);
@@ -100,14 +108,6 @@ TEST_F (JucePlugInProcessTest, TheHostSeesTheBypassAndEveryParameterSlot)
         EXPECT_EQ (std::string (name.data()), std::string (row.name).substr (0, 31));
     }
 
-    EXPECT_EQ (effect.GetNumChunks (&numChunks), 0);
-    ASSERT_EQ (numChunks, 3);
-    std::array<std::uint32_t, 3> ids {};
-
-    for (std::int32_t index = 1; index <= 3; ++index)
-        effect.GetIndexedChunkID (index, &ids[static_cast<std::size_t> (index - 1)]);
-
-    EXPECT_EQ (ids, (std::array { FIC_CHUNK_CONTROLS, FIC_CHUNK_MIDI, FIC_CHUNK_JUCE }));
     EXPECT_EQ (effect.getFilter().wrapperType, nativeHostWrapperType);
 }
 
@@ -127,6 +127,10 @@ TEST_F (JucePlugInProcessTest, SetsTheProcessorUpOnceWithTheHostsRateAndLongestB
     process->SetSampleRate (48000);
     EXPECT_EQ (probe->numTimesPrepared, 1);
     EXPECT_EQ (probe->getSampleRate(), 96000.0);
+
+    group->SetSampleRate (0); // which is none
+    makeProbe();
+    EXPECT_EQ (probe->preparedRate, 44100.0);
 }
 
 TEST_F (JucePlugInProcessTest, ReleasesTheProcessorOnceItHasLeftTheTransport)
@@ -143,41 +147,38 @@ TEST_F (JucePlugInProcessTest, ReleasesTheProcessorOnceItHasLeftTheTransport)
     EXPECT_EQ (numTimesReleased, 1);
 }
 
-TEST_F (JucePlugInProcessTest, ASampleRateThatIsNoneIsNotTakenOver)
-{
-    group->SetSampleRate (0);
-    makeProbe();
-    EXPECT_EQ (probe->preparedRate, 44100.0);
-}
-
 TEST_F (JucePlugInProcessTest, ControlsAnswerWhatTheProcessorSays)
 {
     makeProbe();
-    std::int32_t steps = 0, value = 0, orientation = 0, controlType = 0, priority = -1;
-    unsigned char automatable = 0, valid = 0;
-    process->GetNumControlSteps (2, &steps);
-    EXPECT_EQ (steps, 11);
-    process->GetControlDefaultValue (2, &value);
-    EXPECT_EQ (value, longFromParameter (0.25f));
-    EXPECT_EQ (process->SetControlDefaultValue (2, 77), 0);
-    process->GetControlDefaultValue (2, &value);
-    EXPECT_EQ (value, longFromParameter (0.25f));
-    process->GetControlOrientation (2, &orientation);
-    EXPECT_EQ (orientation, 0);
-    process->GetControlOrientation (3, &orientation);
-    EXPECT_EQ (orientation, 19);
-    process->GetControlType (3, &controlType);
-    EXPECT_EQ (controlType, 1);
-    process->IsControlAutomatable (2, &automatable);
-    EXPECT_EQ (automatable, 1);
-    process->IsControlAutomatable (3, &automatable);
-    EXPECT_EQ (automatable, 0);
+    const auto answer = [this] (auto operation, std::int32_t control)
+    {
+        std::int32_t number = 99;
+        EXPECT_EQ ((*process.*operation) (control, &number), 0);
+        return number;
+    };
 
-    process->GetControlPriority (3, &priority);
-    EXPECT_EQ (priority, 0);
+    EXPECT_EQ (process->SetControlDefaultValue (2, 77), 0);
+    EXPECT_EQ (answer (&CProcess::GetControlDefaultValue, 2), longFromParameter (0.25f));
+    EXPECT_EQ (answer (&CProcess::GetNumControlSteps, 2), 11);
+    EXPECT_EQ (answer (&CProcess::GetControlOrientation, 2), 0);
+    EXPECT_EQ (answer (&CProcess::GetControlOrientation, 3), 19);
+    EXPECT_EQ (answer (&CProcess::GetControlType, 3), 1);
+    EXPECT_EQ (answer (&CProcess::GetControlPriority, 3), 0);
+    EXPECT_EQ (isAutomatable (2), 1);
+    EXPECT_EQ (isAutomatable (3), 0);
+
+    // The bypass is a switch that starts off.
+    EXPECT_EQ (answer (&CProcess::GetNumControlSteps, masterBypass), 2);
+    EXPECT_EQ (answer (&CProcess::GetControlDefaultValue, masterBypass), bottom);
+    EXPECT_EQ (answer (&CProcess::GetControlType, masterBypass), 0);
+    EXPECT_EQ (valueOf (masterBypass), bottom);
+    EXPECT_EQ (isAutomatable (masterBypass), 1);
+    EXPECT_EQ (textOf (masterBypass, top), "On");
+    EXPECT_EQ (textOf (masterBypass, bottom), "Off");
 
     for (const std::int32_t key : { bottom, -1, 0, 113, top })
     {
+        unsigned char valid = 0;
         process->IsKeyValid (2, key, &valid);
         EXPECT_EQ (valid, 1) << key;
     }
@@ -188,11 +189,8 @@ TEST_F (JucePlugInProcessTest, ControlsAnswerWhatTheProcessorSays)
     EXPECT_EQ (process->ConvertStringToValue (2, "7", &parsed), 0);
     EXPECT_EQ (parsed, top);
 
-    std::array<char, 16> text {};
     probe->parameters[0] = 0.125f;
-    EXPECT_EQ (process->MapControlValToString (2, top, text.data(), 15), 0);
-    EXPECT_EQ (std::string (text.data()), juce::String (0.125f, 2).toStdString())
-        << "whatever value was asked for";
+    EXPECT_EQ (textOf (2, top), juce::String (0.125f, 2).toStdString()) << "whatever value was asked for";
 }
 
 TEST_F (JucePlugInProcessTest, EachControlHasAnIdOfItsOwn)
@@ -209,27 +207,14 @@ TEST_F (JucePlugInProcessTest, EachControlHasAnIdOfItsOwn)
     }
 }
 
-TEST_F (JucePlugInProcessTest, TheMasterBypassIsAnAutomatableSwitchThatStartsOff)
+TEST_F (JucePlugInProcessTest, TellsTheLatency)
 {
     makeProbe();
-    std::int32_t steps = 0, byDefault = top, controlType = -1;
-    unsigned char automatable = 0;
-    process->GetNumControlSteps (masterBypass, &steps);
-    EXPECT_EQ (steps, 2);
-    process->GetControlDefaultValue (masterBypass, &byDefault);
-    EXPECT_EQ (byDefault, bottom);
-    EXPECT_EQ (valueOf (masterBypass), bottom);
-    process->GetControlType (masterBypass, &controlType);
-    EXPECT_EQ (controlType, 0);
-    process->IsControlAutomatable (masterBypass, &automatable);
-    EXPECT_EQ (automatable, 1);
-
-    for (const auto& [value, expected] : { std::pair { top, "On" }, { bottom, "Off" } })
-    {
-        std::array<char, 16> text {};
-        EXPECT_EQ (process->MapControlValToString (masterBypass, value, text.data(), 15), 0);
-        EXPECT_STREQ (text.data(), expected);
-    }
+    probe->setLatencySamples (123);
+    std::int32_t latency = 0;
+    EXPECT_EQ (process->GetDelaySamplesLong (&latency), 0);
+    EXPECT_EQ (latency, 123);
+    EXPECT_EQ (process->GetDelaySamplesLong (nullptr), 0);
 }
 
 TEST_F (JucePlugInProcessTest, NamesAreCutBetweenCharacters)
@@ -277,16 +262,6 @@ TEST_F (JucePlugInProcessTest, WhatTheProcessorChangesComesBackAsAControlsValue)
     EXPECT_EQ (valueOf (2), bottom);
 }
 
-TEST_F (JucePlugInProcessTest, TellsTheLatency)
-{
-    makeProbe();
-    probe->setLatencySamples (123);
-    std::int32_t latency = 0;
-    EXPECT_EQ (process->GetDelaySamplesLong (&latency), 0);
-    EXPECT_EQ (latency, 123);
-    EXPECT_EQ (process->GetDelaySamplesLong (nullptr), 0);
-}
-
 TEST_F (JucePlugInProcessTest, TheChunkIsTheBlockWhoseSizeWasTold)
 {
     makeProbe();
@@ -332,22 +307,6 @@ TEST_F (JucePlugInProcessTest, ARestoredChunkReplacesTheOneWaitingToBeFetched)
     process->GetChunkSize (FIC_CHUNK_JUCE, &size);
     setChunk (chunkOfSize (chunkHeader + 4, "wxyz"));
     EXPECT_EQ (savedState (4), "wxyz");
-}
-
-TEST_F (JucePlugInProcessTest, TheEffectsSessionsPassThroughChunks)
-{
-    auto& effect = instantiate();
-    const auto width = indexOf (ParameterId::stereoWidth) + 2;
-    effect.UpdateControlValue (width, top);
-    std::int32_t size = 0;
-    effect.GetChunkSize (FIC_CHUNK_JUCE, &size);
-    std::vector<unsigned char> bytes (static_cast<std::size_t> (size));
-    auto* const chunk = reinterpret_cast<SFicPlugInChunk*> (bytes.data());
-    effect.GetChunk (FIC_CHUNK_JUCE, chunk);
-
-    effect.UpdateControlValue (width, bottom);
-    EXPECT_EQ (effect.SetChunk (FIC_CHUNK_JUCE, chunk), 0);
-    EXPECT_EQ (widthOf (effect), 1.0f);
 }
 
 TEST_F (JucePlugInProcessTest, ProcessorsHearTheTransport)

@@ -11,6 +11,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <tuple>
 #include <type_traits>
 #include <vector>
@@ -46,6 +47,11 @@ constexpr std::size_t resultBytes()
 class ArgumentMaker
 {
 public:
+    std::vector<std::uintptr_t> first;  ///< of those that are no pointers, in place of their numbers
+    std::optional<std::int32_t> number; ///< of the others; then there are no windows and no functions
+    bool nullPointers = false;
+    bool textsFillTheirRoom = false; ///< of 256 bytes
+
     ArgumentMaker()
     {
         for (auto& each : memory)
@@ -59,26 +65,32 @@ public:
 
         if constexpr (std::is_pointer_v<Argument>)
         {
-            numResultBytes[index] = resultBytes<Argument>();
-            words.push_back (asWord (memory[index].data()));
+            const bool isNull =
+                nullPointers || (number && std::is_function_v<std::remove_pointer_t<Argument>>);
+            const bool isText = textsFillTheirRoom && resultBytes<Argument>() == 1;
+            numResultBytes[index] = isText ? bytesPerArgument : resultBytes<Argument>();
+            words.push_back (isNull ? 0 : asWord (memory[index].data()));
             return reinterpret_cast<Argument> (words.back());
         }
         else
         {
-            words.push_back (index + 1);
+            words.push_back (index < first.size()                       ? first[index]
+                             : ! number                                 ? index + 1
+                             : std::is_same_v<Argument, std::uintptr_t> ? 0
+                                                                        : asWord (*number));
             return static_cast<Argument> (words.back());
         }
     }
 
     std::size_t numTouchedBytes() const
     {
-        std::size_t number = 0;
+        std::size_t touched = 0;
 
         for (const auto& each : memory)
-            number +=
+            touched +=
                 each.size() - static_cast<std::size_t> (std::count (each.begin(), each.end(), untouched));
 
-        return number;
+        return touched;
     }
 
     /** Whether every result is zero, or an empty text, and all other memory as it was. */
@@ -93,6 +105,18 @@ public:
             if (memory[i] != expected)
                 return false;
         }
+
+        return true;
+    }
+
+    /** Whether all memory but that for results is as it was. */
+    bool leavesTheRestAlone() const
+    {
+        for (std::size_t i = 0; i < memory.size(); ++i)
+            if (std::any_of (memory[i].begin() + static_cast<std::ptrdiff_t> (numResultBytes[i]),
+                             memory[i].end(),
+                             [] (auto byte) { return byte != untouched; }))
+                return false;
 
         return true;
     }
@@ -122,3 +146,45 @@ std::int32_t callWith (Object& object, std::int32_t (Object::*operation) (Argume
     const std::tuple<Arguments...> arguments { maker.next<Arguments>()... };
     return std::apply ([&] (Arguments... each) { return (object.*operation) (each...); }, arguments);
 }
+
+enum class Concerns
+{
+    group,
+    type,
+    process,
+    nobody
+};
+
+/** A row of the routine table, with a way to call what stands behind its number. */
+struct RoutineRow
+{
+    std::int32_t selector;
+    const char* name;
+    Concerns concerns;
+    std::int32_t neutralAnswer;
+    std::int32_t (*call) (FicRoutine routine, ArgumentMaker& maker);
+
+    bool isFixed() const { return concerns == Concerns::nobody; }
+};
+
+#define ROUTINE_ROW(selector, Name, concerns, answer)                                                        \
+    RoutineRow { selector,                                                                                   \
+                 #Name,                                                                                      \
+                 Concerns::concerns,                                                                         \
+                 answer,                                                                                     \
+                 [] (FicRoutine routine, ArgumentMaker& maker) {                                             \
+                     return callWith (                                                                       \
+                         reinterpret_cast<PI_##Name##Proc> (reinterpret_cast<void (*)()> (routine)), maker); \
+                 } },
+#define GROUP_ROW(selector, Name, ...)           ROUTINE_ROW (selector, Name, group, 0)
+#define TYPE_ROW(selector, Name, ...)            ROUTINE_ROW (selector, Name, type, 0)
+#define PROCESS_ROW(selector, Name, answer, ...) ROUTINE_ROW (selector, Name, process, answer)
+#define FIXED_ROW(selector, Name, ...)           ROUTINE_ROW (selector, Name, nobody, 0)
+
+inline const RoutineRow routineRows[] = { FIC_ROUTINES (GROUP_ROW, TYPE_ROW, PROCESS_ROW, FIXED_ROW) };
+
+#undef ROUTINE_ROW
+#undef GROUP_ROW
+#undef TYPE_ROW
+#undef PROCESS_ROW
+#undef FIXED_ROW

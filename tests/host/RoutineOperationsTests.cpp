@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The operations that the rows of the routine table make in processes and types which know nothing better.
+// The operations of those which know nothing better: each gives its row's answer and clears its results.
 
+#include "host/CPlugIn.h"
+#include "host/CProcessGroupInterface.h"
 #include "host/CProcessOperations.h"
 #include "host/CProcessType.h"
 #include "host/RoutineArguments.h"
@@ -11,54 +13,48 @@
 
 namespace
 {
-template <typename Object>
-struct OperationRow
+template <typename Object, typename... Arguments>
+void expectNeutral (const char* name,
+                    Object&& object,
+                    std::int32_t (std::decay_t<Object>::*operation) (Arguments...),
+                    std::int32_t answer)
 {
-    std::int32_t selector;
-    const char* name;
-    std::int32_t neutralAnswer;
-    std::int32_t (*call) (Object& object, ArgumentMaker& maker);
-};
-
-#define OPERATION_ROW(Object, selector, Name, answer)                                                        \
-    OperationRow<Object> { selector, #Name, answer, [] (Object& object, ArgumentMaker& maker) {              \
-                              return callWith (object, &Object::Name, maker);                                \
-                          } },
-#define TYPE_ROW(selector, Name, ...)            OPERATION_ROW (CProcessType, selector, Name, 0)
-#define PROCESS_ROW(selector, Name, answer, ...) OPERATION_ROW (CProcessOperations, selector, Name, answer)
-
-const OperationRow<CProcessType> typeRows[] = { FIC_ROUTINES (FIC_SKIP, TYPE_ROW, FIC_SKIP, FIC_SKIP) };
-const OperationRow<CProcessOperations> processRows[] = { FIC_ROUTINES (
-    FIC_SKIP, FIC_SKIP, PROCESS_ROW, FIC_SKIP) };
-
-#undef OPERATION_ROW
-#undef TYPE_ROW
-#undef PROCESS_ROW
-
-TEST (RoutineOperations, OfAProcessAnswerAsTheirRowsSay)
-{
-    for (const auto& row : processRows)
-    {
-        SCOPED_TRACE (row.name);
-        CProcessOperations process;
-        ArgumentMaker maker;
-        EXPECT_EQ (row.call (process, maker), row.neutralAnswer);
-        EXPECT_TRUE (maker.onlyResultsAreCleared());
-    }
+    ArgumentMaker maker;
+    EXPECT_EQ (callWith (object, operation, maker), answer) << name;
+    EXPECT_TRUE (maker.onlyResultsAreCleared()) << name;
+    EXPECT_EQ ((object.*operation) (Arguments {}...), answer) << name << " with null pointers";
 }
 
-TEST (RoutineOperations, OfATypeAnswerNothing)
-{
-    for (const auto& row : typeRows)
-    {
-        if (row.selector == ficSelectorInstantiateProcess || row.selector == ficSelectorFreeProcess)
-            continue;
+#define OF_PROCESS(selector, Name, answer, ...)                                                              \
+    expectNeutral (#Name, CProcessOperations(), &CProcessOperations::Name, answer);
+#define OF_INTERFACE(selector, Name, ...)                                                                    \
+    expectNeutral (#Name, CProcessGroupInterface(), &CProcessGroupInterface::Name, 0);
+#define OF_INTERFACE_FOR_PROCESS(selector, Name, answer, ...)                                                \
+    expectNeutral (#Name, CProcessGroupInterface(), &CProcessGroupInterface::Name, answer);
+#define OF_TYPE(selector, Name, ...)                                                                         \
+    if (selector != ficSelectorInstantiateProcess && selector != ficSelectorFreeProcess)                     \
+        expectNeutral (#Name, CProcessType(), &CProcessType::Name, 0);
 
-        SCOPED_TRACE (row.name);
-        CProcessType type;
-        ArgumentMaker maker;
-        EXPECT_EQ (row.call (type, maker), row.neutralAnswer);
-        EXPECT_TRUE (maker.onlyResultsAreCleared());
-    }
+TEST (RoutineOperations,
+      OfAProcessAnswerAsTheirRowsSay) { FIC_ROUTINES (FIC_SKIP, FIC_SKIP, OF_PROCESS, FIC_SKIP) }
+
+TEST (RoutineOperations, OfTheInterfaceAnswerAsTheirRowsSay) {
+    FIC_ROUTINES (OF_INTERFACE, OF_INTERFACE, OF_INTERFACE_FOR_PROCESS, FIC_SKIP)
+}
+
+TEST (RoutineOperations, OfATypeAnswerNothing) { FIC_ROUTINES (FIC_SKIP, OF_TYPE, FIC_SKIP, FIC_SKIP) }
+
+TEST (RoutineOperations, OfAPlugInAnswerAsTheirRowsSay)
+{
+    CPlugIn plugIn ({});
+    int numOperations = 0;
+
+#define OF_PLUGIN(Name, answer, parameters, names)                                                           \
+    expectNeutral (#Name, plugIn, &CPlugIn::Name, answer);                                                   \
+    ++numOperations;
+
+    CPLUGIN_NEUTRAL_OPERATIONS (OF_PLUGIN)
+    CPLUGIN_NEUTRAL_NESTING_OPERATIONS (OF_PLUGIN)
+    EXPECT_EQ (numOperations, 48);
 }
 } // namespace

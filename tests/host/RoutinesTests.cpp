@@ -14,7 +14,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <limits>
 #include <new>
 #include <set>
 #include <stdexcept>
@@ -72,48 +71,13 @@ private:
     }
 };
 
-template <typename Proc>
-std::int32_t callRoutine (std::int32_t selector, ArgumentMaker& maker)
+/** Calls the routine of a row. */
+std::int32_t call (const RoutineRow& row, ArgumentMaker& maker)
 {
     FicRoutine routine = nullptr;
-    EXPECT_EQ (PI_GetRoutineDescriptor (selector, &routine), ficSuccess);
-    return callWith (reinterpret_cast<Proc> (reinterpret_cast<void (*)()> (routine)), maker);
+    EXPECT_EQ (PI_GetRoutineDescriptor (row.selector, &routine), ficSuccess);
+    return row.call (routine, maker);
 }
-
-enum class Concerns
-{
-    group,
-    type,
-    process,
-    nobody
-};
-
-struct RoutineRow
-{
-    std::int32_t selector;
-    const char* name;
-    Concerns concerns;
-    std::int32_t neutralAnswer;
-    std::int32_t (*routine) (std::int32_t selector, ArgumentMaker& maker);
-
-    bool isFixed() const { return concerns == Concerns::nobody; }
-    std::int32_t call (ArgumentMaker& maker) const { return routine (selector, maker); }
-};
-
-#define ROW(selector, Name, concerns, answer)                                                                \
-    RoutineRow { selector, #Name, Concerns::concerns, answer, callRoutine<PI_##Name##Proc> },
-#define GROUP_ROW(selector, Name, ...)           ROW (selector, Name, group, 0)
-#define TYPE_ROW(selector, Name, ...)            ROW (selector, Name, type, 0)
-#define PROCESS_ROW(selector, Name, answer, ...) ROW (selector, Name, process, answer)
-#define FIXED_ROW(selector, Name, ...)           ROW (selector, Name, nobody, 0)
-
-const RoutineRow routineRows[] = { FIC_ROUTINES (GROUP_ROW, TYPE_ROW, PROCESS_ROW, FIXED_ROW) };
-
-#undef ROW
-#undef GROUP_ROW
-#undef TYPE_ROW
-#undef PROCESS_ROW
-#undef FIXED_ROW
 
 class GroupInUse
 {
@@ -141,7 +105,7 @@ TEST (Routines, LeadToTheOperationOfTheirRowOrHaveAFixedAnswer)
         const GroupInUse inUse (&group);
         ArgumentMaker maker;
 
-        const auto result = row.call (maker);
+        const auto result = call (row, maker);
 
         if (row.isFixed())
         {
@@ -165,104 +129,8 @@ TEST (Routines, NeedAGroupUnlessTheirAnswerIsFixed)
     {
         SCOPED_TRACE (row.name);
         ArgumentMaker maker;
-        EXPECT_EQ (row.call (maker), row.isFixed() ? ficSuccess : ficNoGroup);
+        EXPECT_EQ (call (row, maker), row.isFixed() ? ficSuccess : ficNoGroup);
     }
-}
-
-TEST (Routines, OfAnUnknownTypeTouchNothing)
-{
-    for (const auto& row : routineRows)
-    {
-        SCOPED_TRACE (row.name);
-        FakeFramework framework;
-        CProcessGroup group;
-        const GroupInUse inUse (&group);
-        group.Initialize();
-        ArgumentMaker maker;
-        const auto result = row.call (maker);
-        gXCMDProcPtr = nullptr;
-
-        if (row.concerns == Concerns::type || row.concerns == Concerns::process)
-        {
-            EXPECT_EQ (result, ficUnknownType);
-            EXPECT_EQ (maker.numTouchedBytes(), 0u);
-        }
-    }
-}
-
-/** Answers as the interface does. */
-class NeutralGroup : public CProcessGroup
-{
-public:
-#define GROUP_OPERATION(selector, Name, parameters, names)                                                   \
-    std::int32_t Name parameters override                                                                    \
-    {                                                                                                        \
-        return CProcessGroupInterface::Name names;                                                           \
-    }
-#define TYPE_OPERATION(selector, Name, parameters, names)                                                    \
-    std::int32_t Name (std::uint32_t type FIC_BARE parameters) override                                      \
-    {                                                                                                        \
-        return CProcessGroupInterface::Name (type FIC_BARE names);                                           \
-    }
-#define PROCESS_OPERATION(selector, Name, answer, parameters, names)                                         \
-    std::int32_t Name (std::uint32_t type, std::int32_t process FIC_BARE parameters) override                \
-    {                                                                                                        \
-        return CProcessGroupInterface::Name (type, process FIC_BARE names);                                  \
-    }
-
-    FIC_ROUTINES (GROUP_OPERATION, TYPE_OPERATION, PROCESS_OPERATION, FIC_SKIP)
-
-#undef GROUP_OPERATION
-#undef TYPE_OPERATION
-#undef PROCESS_OPERATION
-};
-
-TEST (Routines, AnswerNeutrallyWhereNobodyKnowsBetter)
-{
-    for (const auto& row : routineRows)
-    {
-        SCOPED_TRACE (row.name);
-        NeutralGroup group;
-        const GroupInUse inUse (&group);
-        ArgumentMaker maker;
-
-        EXPECT_EQ (row.call (maker), row.neutralAnswer);
-        EXPECT_TRUE (row.isFixed() || maker.onlyResultsAreCleared());
-    }
-}
-
-std::int32_t someRoutine()
-{
-    return groupResult;
-}
-
-TEST (RoutineTable, HasTheRoutinesOfTheTableAndItsGaps)
-{
-    const std::set<std::int32_t> gaps { 11, 13, 21, 26, 34, 60, 61, 106, 107 };
-    constexpr auto lowest = std::numeric_limits<std::int32_t>::min();
-    std::set<FicRoutine> routines;
-
-    for (const auto selector : { lowest, -6, -1, 174, std::numeric_limits<std::int32_t>::max() })
-    {
-        FicRoutine routine = someRoutine;
-        EXPECT_EQ (PI_GetRoutineDescriptor (selector, &routine), ficNoSuchRoutine) << selector;
-        EXPECT_EQ (routine, nullptr) << selector;
-    }
-
-    for (std::int32_t selector = 0; selector < ficNumSelectors; ++selector)
-    {
-        FicRoutine routine = nullptr;
-        const auto isGap = gaps.contains (selector);
-        EXPECT_EQ (PI_GetRoutineDescriptor (selector, &routine), isGap ? ficNoSuchRoutine : ficSuccess)
-            << selector;
-        EXPECT_EQ (routine == nullptr, isGap) << selector;
-
-        if (routine != nullptr)
-            routines.insert (routine);
-    }
-
-    EXPECT_EQ (std::size (routineRows), 165u);
-    EXPECT_EQ (PI_GetRoutineDescriptor (ficSelectorDraw, nullptr), ficSuccess);
 }
 
 TEST (RoutineTable, SaysWhichSelectorsAHostMaySend)
@@ -283,11 +151,6 @@ struct ExceptionCase
     std::int32_t result;
 };
 
-void PrintTo (const ExceptionCase& each, std::ostream* out)
-{
-    *out << each.name;
-}
-
 const ExceptionCase exceptionCases[] = {
     { "HostError", [] { throw CDAEError (ficUnknownProcess); }, ficUnknownProcess },
     { "NoMemory", [] { throw std::bad_alloc(); }, ficOutOfMemory },
@@ -296,14 +159,9 @@ const ExceptionCase exceptionCases[] = {
     { "Number", [] { throw 1; }, ficUnknownException },
 };
 
-class RoutineExceptions : public testing::TestWithParam<ExceptionCase>
-{
-};
+using RoutineExceptions = testing::TestWithParam<ExceptionCase>;
 
-INSTANTIATE_TEST_SUITE_P (Kinds,
-                          RoutineExceptions,
-                          testing::ValuesIn (exceptionCases),
-                          rowName<ExceptionCase>);
+INSTANTIATE_ROWS (RoutineExceptions, exceptionCases);
 
 TEST_P (RoutineExceptions, BecomeResultsAndLeaveTheCriticalSection)
 {
@@ -324,7 +182,7 @@ TEST_P (RoutineExceptions, BecomeResultsAndLeaveTheCriticalSection)
             continue;
 
         ArgumentMaker maker;
-        EXPECT_EQ (row.call (maker), GetParam().result) << row.name;
+        EXPECT_EQ (call (row, maker), GetParam().result) << row.name;
         EXPECT_EQ (framework.criticalSectionDepth, 0) << row.name;
     }
 }
@@ -336,22 +194,15 @@ struct ScopeCase
     bool usual, late, latest;
 };
 
-void PrintTo (const ScopeCase& each, std::ostream* out)
-{
-    *out << each.name;
-}
-
 const ScopeCase scopeCases[] = {
     { "None", 0, false, false, false },      { "Least", 1, true, false, false },
     { "BelowFull", 98, true, false, false }, { "Full", 99, true, true, false },
     { "AboveFull", 100, true, true, true },
 };
 
-class CriticalSectionScope : public testing::TestWithParam<ScopeCase>
-{
-};
+using CriticalSectionScope = testing::TestWithParam<ScopeCase>;
 
-INSTANTIATE_TEST_SUITE_P (Scopes, CriticalSectionScope, testing::ValuesIn (scopeCases), rowName<ScopeCase>);
+INSTANTIATE_ROWS (CriticalSectionScope, scopeCases);
 
 TEST_P (CriticalSectionScope, DecidesWhichRoutinesRunInside)
 {
@@ -369,7 +220,7 @@ TEST_P (CriticalSectionScope, DecidesWhichRoutinesRunInside)
     {
         framework.numTimesEntered = 0;
         ArgumentMaker maker;
-        row.call (maker);
+        call (row, maker);
 
         const auto expected = row.selector == ficSelectorGetAutoType ? GetParam().latest
                               : late.contains (row.selector)         ? GetParam().late
@@ -384,6 +235,6 @@ TEST (CriticalSectionScope, WithoutASectionRoutinesRunAllTheSame)
     const GroupInUse inUse (&group);
     const ScopeInUse scope (100);
     ArgumentMaker maker;
-    EXPECT_EQ (routineRows[0].call (maker), groupResult);
+    EXPECT_EQ (call (routineRows[0], maker), groupResult);
 }
 } // namespace
