@@ -21,6 +21,7 @@
 #include <array>
 #include <cstring>
 #include <stdexcept>
+#include <tuple>
 
 namespace
 {
@@ -111,41 +112,6 @@ protected:
     TestEffectGroup group;
 };
 
-struct GestaltCase
-{
-    const char* name;
-    std::int32_t selector, given, answer;
-};
-
-const GestaltCase gestaltCases[] = {
-    { "NoSideChain", 5, 1, 0 },
-    { "Effect", 7, 0, 1 },
-    { "OfTheGroup", 14, 0, 1 },
-    { "Category", 21, 0, 512 },
-    { "MidiChunk", 28, static_cast<std::int32_t> (FIC_CHUNK_MIDI), 2 },
-    { "OtherChunk", 28, static_cast<std::int32_t> (FIC_CHUNK_CONTROLS), 0 },
-    { "StemFormats", 29, 0, 1 },
-    { "NotWithAuxOutputStems", 30, 1, 0 },
-    { "SampleRateSupport", 32, 0, 6 },
-    { "NoScatterGather", 38, 1, 0 },
-    { "NoAuxOutputStems", 41, 1, 0 },
-    { "VariableQuanta", 48, 0, 1 },
-    { "Unknown", 999, 1, 0 },
-    { "Negative", -1, 1, 0 },
-};
-
-using CEffectGroupGestalt = WithRows<CEffectGroupTest, GestaltCase>;
-
-INSTANTIATE_ROWS (CEffectGroupGestalt, gestaltCases);
-
-TEST_P (CEffectGroupGestalt, IsAnswered)
-{
-    auto value = GetParam().given;
-    EXPECT_EQ (group.Gestalt (stereo, GetParam().selector, &value), ficSuccess);
-    EXPECT_EQ (value, GetParam().answer);
-    EXPECT_EQ (group.Gestalt (stereo, GetParam().selector, nullptr), ficSuccess);
-}
-
 TEST_F (CEffectGroupTest, AnswersGestaltsThatComeWithOthers)
 {
     const auto gestalt = [] (CEffectType& type, std::int32_t selector)
@@ -191,33 +157,23 @@ TEST_F (CEffectGroupTest, NamesItselfInTheRoomThereIs)
     EXPECT_EQ (group.GetAutoType(), 3);
 }
 
-TEST_F (CEffectGroupTest, TellsTheCodesOfItsTypes)
+TEST_F (CEffectGroupTest, TellsTheCodesAndChannelsOfItsTypes)
 {
     std::uint32_t manufacturerID = 0, productID = 0, typeID = 0;
     EXPECT_EQ (group.GetProcessTypeIDs (2, &manufacturerID, &productID, &typeID), ficSuccess);
-    EXPECT_EQ (manufacturerID, maker);
-    EXPECT_EQ (productID, fourCC ("PrdM"));
-    EXPECT_EQ (typeID, mono);
-    EXPECT_EQ (group.GetProcessTypeIDs (2, nullptr, nullptr, nullptr), ficSuccess);
+    EXPECT_EQ (std::tuple (manufacturerID, productID, typeID), std::tuple (maker, fourCC ("PrdM"), mono));
 
     for (const auto index : { -1, 0, 6 })
-        EXPECT_EQ (group.GetProcessTypeIDs (index, &manufacturerID, &productID, &typeID), ficUnknownTypeIndex)
-            << index;
-}
+        EXPECT_EQ (group.GetProcessTypeIDs (index, nullptr, nullptr, nullptr), ficUnknownTypeIndex) << index;
 
-TEST_F (CEffectGroupTest, TellsTheChannelsOfATypeForAnyProcess)
-{
     SFicPlugInStemFormats formats {};
-    EXPECT_EQ (group.GetStemFormats (monoToStereo, &formats), ficSuccess);
-    EXPECT_EQ (formats.input, stemFormatMono);
-    EXPECT_EQ (formats.output, stemFormatStereo);
-    EXPECT_EQ (formats.sideChain, stemFormatNone);
-
     std::int16_t inputs = 0, outputs = 0;
+    EXPECT_EQ (group.GetStemFormats (monoToStereo, &formats), ficSuccess);
     EXPECT_EQ (group.GetNumAudioInputs (monoToStereo, 0, &inputs), ficSuccess);
     EXPECT_EQ (group.GetNumAudioOutputs (monoToStereo, 0, &outputs), ficSuccess);
-    EXPECT_EQ (inputs, 1);
-    EXPECT_EQ (outputs, 2);
+    EXPECT_EQ (std::tuple (formats.input, formats.output, formats.sideChain),
+               std::tuple (stemFormatMono, stemFormatStereo, stemFormatNone));
+    EXPECT_EQ (std::tuple (inputs, outputs), std::tuple (1, 2));
 }
 
 TEST_F (CEffectGroupTest, BuildsTheNameOfItsInstancesOnce)
@@ -336,11 +292,10 @@ TEST_F (CEffectGroupTest, SignsTheChunksOfItsProcesses)
 
     testProcessLog.answer = {};
     EXPECT_EQ (group.GetChunk (stereo, 1, FIC_CHUNK_JUCE, &chunk), ficSuccess);
-    EXPECT_EQ (chunk.chunkSize, ficChunkHeaderSize);
-    EXPECT_EQ (chunk.version, static_cast<std::int32_t> (pluginVersion));
-    EXPECT_EQ (chunk.manufacturerID, maker);
-    EXPECT_EQ (chunk.productID, product);
-    EXPECT_EQ (chunk.typeID, stereo);
+    EXPECT_EQ (std::tuple (chunk.chunkSize, chunk.version),
+               std::tuple (ficChunkHeaderSize, static_cast<std::int32_t> (pluginVersion)));
+    EXPECT_EQ (std::tuple (chunk.manufacturerID, chunk.productID, chunk.typeID),
+               std::tuple (maker, product, stereo));
     EXPECT_EQ (chunk.chunkID, FIC_CHUNK_JUCE);
     EXPECT_THAT (std::vector<int> (chunk.chunkName, chunk.chunkName + 5),
                  testing::ElementsAre (0, 0, 0, 0, before));
@@ -381,41 +336,32 @@ TEST_F (CEffectGroupTest, AnnouncesEachNewNativeProcess)
     EXPECT_EQ (testProcessLog.calls.back(), "CreateHostPlugIn");
 
     const auto& id = testProcessLog.announcedId;
-    EXPECT_EQ (id.manufacturerID, maker);
-    EXPECT_EQ (id.productID, product);
-    EXPECT_EQ (id.typeID, stereo);
-    EXPECT_EQ (id.plugInObject, hostObject);
-    EXPECT_EQ (id.processIndex, 2);
+    EXPECT_EQ (std::tuple (id.manufacturerID, id.productID, id.typeID, id.plugInObject, id.processIndex),
+               std::tuple (maker, product, stereo, hostObject, 2));
 }
 
 struct AnnouncementCase
 {
     const char* name;
     bool isNative;
-    std::int32_t (*answer) (const std::string& call);
+    std::int32_t (*answer)(); // to the announcement
     std::int32_t result;
 };
 
-const AnnouncementCase announcementCases[] = {
-    { "NotNative",
-      false,
-      [] (const std::string&) { return std::int32_t { ficSuccess }; },
-      ficUnknownTypeIndex },
-    { "Refused",
-      true,
-      [] (const std::string& call)
-      { return std::int32_t { call == "CreateHostPlugIn" ? ficOutOfMemory : ficSuccess }; },
-      ficOutOfMemory },
-    { "Thrown",
-      true,
-      [] (const std::string& call) -> std::int32_t
-      {
-          if (call == "CreateHostPlugIn")
-              throw std::runtime_error ("lost");
+std::int32_t refuse()
+{
+    return ficOutOfMemory;
+}
 
-          return ficSuccess;
-      },
-      ficUnknownException },
+std::int32_t lose()
+{
+    throw std::runtime_error ("lost");
+}
+
+constexpr AnnouncementCase announcementCases[] = {
+    { "NotNative", false, nullptr, ficUnknownTypeIndex },
+    { "Refused", true, refuse, ficOutOfMemory },
+    { "Thrown", true, lose, ficUnknownException },
 };
 
 using CEffectTypeRTASFailure = WithRows<CEffectGroupTest, AnnouncementCase>;
@@ -425,7 +371,8 @@ INSTANTIATE_ROWS (CEffectTypeRTASFailure, announcementCases);
 TEST_P (CEffectTypeRTASFailure, ToAnnounceAProcessLeavesNothing)
 {
     makesNativeProcesses = GetParam().isNative;
-    testProcessLog.answer = GetParam().answer;
+    testProcessLog.answer = [] (const std::string& call)
+    { return call == "CreateHostPlugIn" ? GetParam().answer() : std::int32_t { ficSuccess }; };
     std::int32_t process = 99;
 
     EXPECT_EQ (group.InstantiateProcess (stereo, &process), GetParam().result);

@@ -16,8 +16,8 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
-#include <functional>
 #include <limits>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -48,14 +48,18 @@ private:
     std::unique_ptr<unsigned char[]> bytes;
 };
 
+std::unique_ptr<CPluginControl_OnOff> bypassControl()
+{
+    return std::make_unique<CPluginControl_OnOff> (fourCC ("bypa"), "Bypass", 0, true, nullptr, nullptr);
+}
+
 /** A bypass, a continuous, a discrete and a plain control, in that order. */
 class ChunkFixture
 {
 public:
     ChunkFixture()
     {
-        process.add (
-            std::make_unique<CPluginControl_OnOff> (fourCC ("bypa"), "Bypass", 0, true, nullptr, nullptr));
+        process.add (bypassControl());
         process.DefineMasterBypassControlIndex (1);
         width = process.add (std::make_unique<ContinuousTestControl> (fourCC ("widt")));
         mode =
@@ -64,11 +68,17 @@ public:
         process.Initialize();
     }
 
-    /** A controls chunk with what `fill` adds. */
-    static ChunkMemory makeChunk (const std::function<void (ChunkDataParser&)>& fill)
+    static ChunkMemory makeChunk (const std::map<const char*, double>& doubles,
+                                  const std::map<const char*, std::int32_t>& integers)
     {
         ChunkDataParser parser;
-        fill (parser);
+
+        for (const auto& [name, value] : integers)
+            parser.AddInt32 (name, value);
+
+        for (const auto& [name, value] : doubles)
+            parser.AddDouble (name, value);
+
         ChunkMemory chunk (static_cast<std::size_t> (parser.GetChunkSize()));
         parser.GetChunkData (chunk.get());
         chunk.get()->chunkID = controlsChunk;
@@ -82,56 +92,43 @@ public:
 
 //==============================================================================================
 
-/** The chunks that the host is told of, with a given number of controls beside the bypass. */
-struct ListRow
+TEST (CEffectProcessChunks, AreListedWithTheControlsOnlyIfThereAreSomeBesideTheBypass)
 {
-    const char* name;
-    int numControls;
-    std::vector<std::uint32_t> chunks;
-};
-
-using CEffectProcessChunkList = testing::TestWithParam<ListRow>;
-
-TEST_P (CEffectProcessChunkList, HasTheControlsOnlyIfThereAreSome)
-{
-    ControlledProcess process;
-    process.AddChunk (fourCC ("midi"), "MIDI", -152);
-    process.AddChunk (customChunk, "Own", 44);
-    process.add (
-        std::make_unique<CPluginControl_OnOff> (fourCC ("bypa"), "Bypass", 0, true, nullptr, nullptr));
-    process.DefineMasterBypassControlIndex (1);
-
-    for (int i = 0; i < GetParam().numControls; ++i)
-        process.add (std::make_unique<PlainTestControl> ("Plain", i + 1));
-
-    process.Initialize();
-
-    std::int32_t numChunks = 0;
-    EXPECT_EQ (process.GetNumChunks (&numChunks), 0);
-    ASSERT_EQ (numChunks, static_cast<std::int32_t> (GetParam().chunks.size()));
-
-    std::uint32_t id = 0;
-
-    for (std::int32_t index = 1; index <= numChunks; ++index)
+    for (const bool hasControl : { false, true })
     {
-        EXPECT_EQ (process.GetIndexedChunkID (index, &id), 0);
-        EXPECT_EQ (id, GetParam().chunks[static_cast<std::size_t> (index - 1)]);
-    }
+        ControlledProcess process;
+        process.AddChunk (fourCC ("midi"), "MIDI", -152);
+        process.AddChunk (customChunk, "Own", 44);
+        process.add (bypassControl());
+        process.DefineMasterBypassControlIndex (1);
 
-    for (const std::int32_t index :
-         { numChunks + 1, 0, -1, std::numeric_limits<std::int32_t>::max(), bottom })
-    {
-        EXPECT_EQ (process.GetIndexedChunkID (index, &id), -7157) << index;
-        EXPECT_EQ (id, fourCC ("    "));
+        if (hasControl)
+            process.add (std::make_unique<PlainTestControl> ("Plain", 1));
+
+        process.Initialize();
+        std::vector<std::uint32_t> ids { fourCC ("midi"), customChunk };
+
+        if (hasControl)
+            ids.insert (ids.begin(), controlsChunk);
+
+        std::int32_t numChunks = 0;
+        EXPECT_EQ (process.GetNumChunks (&numChunks), 0);
+        ASSERT_EQ (static_cast<std::size_t> (numChunks), ids.size());
+        std::uint32_t id = 0;
+
+        for (std::int32_t index = 1; index <= numChunks; ++index)
+        {
+            EXPECT_EQ (process.GetIndexedChunkID (index, &id), 0);
+            EXPECT_EQ (id, ids[static_cast<std::size_t> (index - 1)]);
+        }
+
+        for (const std::int32_t index : { numChunks + 1, 0, -1, longControlTop, bottom })
+        {
+            EXPECT_EQ (process.GetIndexedChunkID (index, &id), -7157) << index;
+            EXPECT_EQ (id, fourCC ("    "));
+        }
     }
 }
-
-const std::vector<ListRow> listRows {
-    { "NoControls", 0, { fourCC ("midi"), customChunk } },
-    { "OneControl", 1, { controlsChunk, fourCC ("midi"), customChunk } },
-};
-
-INSTANTIATE_ROWS (CEffectProcessChunkList, listRows);
 
 TEST (CEffectProcessChunks, AreDescribedAndSized)
 {
@@ -175,47 +172,19 @@ TEST (CEffectProcessChunks, HoldControlsOfKnownKinds)
     ChunkMemory chunk (static_cast<std::size_t> (size));
     EXPECT_EQ (f.process.GetChunk (controlsChunk, chunk.get()), 0);
     EXPECT_EQ (chunk.get()->chunkSize, size);
-    EXPECT_THAT (std::vector<int> (chunk.body(), chunk.body() + 32),
-                 ElementsAre (1,
-                              1,
-                              1,
-                              1, // marker
-                              'd',
-                              '_',
-                              'w',
-                              'i',
-                              'd',
-                              't',
-                              0,
-                              0, // a double
-                              0x40,
-                              0x24,
-                              0,
-                              0,
-                              0,
-                              0,
-                              0,
-                              0, // 10.0
-                              'l',
-                              '_',
-                              'm',
-                              'o',
-                              'd',
-                              'e',
-                              0,
-                              0, // an integer
-                              0xff,
-                              0xff,
-                              0xff,
-                              0xfe)); // -2
+    constexpr char expected[] = "\1\1\1\1"
+                                "d_widt\0\0"
+                                "\x40\x24\0\0\0\0\0\0" // 10.0
+                                "l_mode\0\0"
+                                "\xff\xff\xff\xfe"; // -2
+    EXPECT_EQ (std::string (chunk.body(), chunk.body() + 32), std::string (expected, 32));
 }
 
 TEST (CEffectProcessChunks, AreSixtyBytesWithoutControlsOfKnownKinds)
 {
     FakeTokenHost host;
     ControlledProcess process;
-    process.add (
-        std::make_unique<CPluginControl_OnOff> (fourCC ("bypa"), "Bypass", 0, true, nullptr, nullptr));
+    process.add (bypassControl());
     process.DefineMasterBypassControlIndex (1);
     process.add (std::make_unique<PlainTestControl> ("Plain", fourCC ("plan")));
     process.Initialize();
@@ -238,7 +207,8 @@ TEST (CEffectProcessChunks, AreSixtyBytesWithoutControlsOfKnownKinds)
 struct LoadRow
 {
     const char* name;
-    std::function<void (ChunkDataParser&)> fill;
+    std::map<const char*, double> doubles;
+    std::map<const char*, std::int32_t> integers;
     double width;
     std::int32_t mode;
     unsigned char same; // as CompareActiveChunk() answers before
@@ -251,7 +221,7 @@ TEST_P (CEffectProcessLoad, ComparesAndSets)
     const auto& row = GetParam();
     ChunkFixture f;
     f.width->SetValue (f.width->ConvertContinuousToControl (2.5));
-    auto chunk = ChunkFixture::makeChunk (row.fill);
+    auto chunk = ChunkFixture::makeChunk (row.doubles, row.integers);
 
     unsigned char same = 99;
     EXPECT_EQ (f.process.CompareActiveChunk (chunk.get(), &same), 0);
@@ -268,54 +238,20 @@ TEST_P (CEffectProcessLoad, ComparesAndSets)
     EXPECT_EQ (same, 1);
 }
 
+constexpr auto noNumber = std::numeric_limits<double>::quiet_NaN();
+
 const std::vector<LoadRow> loadRows {
-    { "Empty", [] (auto&) {}, 2.5, 0, 1 },
-    { "Both",
-      [] (auto& parser)
-      {
-          parser.AddDouble ("widt", 7.0);
-          parser.AddInt32 ("mode", 3);
-      },
-      7.0,
-      3,
-      0 },
-    { "InAnotherOrder",
-      [] (auto& parser)
-      {
-          parser.AddInt32 ("mode", -5);
-          parser.AddDouble ("widt", 0.0);
-      },
-      0.0,
-      -5,
-      0 },
-    { "OneOnly", [] (auto& parser) { parser.AddInt32 ("mode", 3); }, 2.5, 3, 0 },
-    { "ShownAlike", [] (auto& parser) { parser.AddDouble ("widt", 2.501); }, 2.501, 0, 1 },
-    { "ShownOtherwise", [] (auto& parser) { parser.AddDouble ("widt", 2.6); }, 2.6, 0, 0 },
-    { "BeyondTheRange",
-      [] (auto& parser)
-      {
-          parser.AddDouble ("widt", 1.0e300);
-          parser.AddInt32 ("mode", 1000000);
-      },
-      10.0,
-      5,
-      0 },
-    { "NoNumber",
-      [] (auto& parser) { parser.AddDouble ("widt", std::numeric_limits<double>::quiet_NaN()); },
-      2.5,
-      0,
-      1 },
-    { "OfTheOtherType",
-      [] (auto& parser)
-      {
-          parser.AddInt32 ("widt", 7);
-          parser.AddDouble ("mode", 3.0);
-      },
-      2.5,
-      0,
-      1 },
-    { "Bypass", [] (auto& parser) { parser.AddInt32 ("bypa", 1); }, 2.5, 0, 1 },
-    { "PlainControl", [] (auto& parser) { parser.AddInt32 ("plan", 1); }, 2.5, 0, 1 },
+    { "Empty", {}, {}, 2.5, 0, 1 },
+    { "Both", { { "widt", 7.0 } }, { { "mode", 3 } }, 7.0, 3, 0 },
+    { "BothEnds", { { "widt", 0.0 } }, { { "mode", -5 } }, 0.0, -5, 0 },
+    { "OneOnly", {}, { { "mode", 3 } }, 2.5, 3, 0 },
+    { "ShownAlike", { { "widt", 2.501 } }, {}, 2.501, 0, 1 },
+    { "ShownOtherwise", { { "widt", 2.6 } }, {}, 2.6, 0, 0 },
+    { "BeyondTheRange", { { "widt", 1.0e300 } }, { { "mode", 1000000 } }, 10.0, 5, 0 },
+    { "NoNumber", { { "widt", noNumber } }, {}, 2.5, 0, 1 },
+    { "OfTheOtherType", { { "mode", 3.0 } }, { { "widt", 7 } }, 2.5, 0, 1 },
+    { "Bypass", {}, { { "bypa", 1 } }, 2.5, 0, 1 },
+    { "PlainControl", {}, { { "plan", 1 } }, 2.5, 0, 1 },
 };
 
 INSTANTIATE_ROWS (CEffectProcessLoad, loadRows);
@@ -323,7 +259,7 @@ INSTANTIATE_ROWS (CEffectProcessLoad, loadRows);
 TEST (CEffectProcessChunks, OfOthersAreTheSameAndChangeNothing)
 {
     ChunkFixture f;
-    auto chunk = ChunkFixture::makeChunk ([] (auto& parser) { parser.AddInt32 ("mode", 3); });
+    auto chunk = ChunkFixture::makeChunk ({}, { { "mode", 3 } });
     unsigned char same = 0;
 
     // A damaged marker.
@@ -353,12 +289,7 @@ TEST (CEffectProcessChunks, SetThroughTheHostOrAtOnce)
 {
     FakeTokenHost host;
     ChunkFixture f;
-    auto chunk = ChunkFixture::makeChunk (
-        [] (auto& parser)
-        {
-            parser.AddDouble ("widt", 7.0);
-            parser.AddInt32 ("mode", 3);
-        });
+    auto chunk = ChunkFixture::makeChunk ({ { "widt", 7.0 } }, { { "mode", 3 } });
     f.process.LoadChunk (chunk.get());
 
     // With a token service, SetChunk() asks the host for each value.

@@ -5,7 +5,6 @@
 
 #include "host/ControlledProcess.h"
 #include "host/FakeTokenHost.h"
-#include "support/NamedRows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,6 +21,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace
 {
@@ -108,36 +108,23 @@ TEST (CEffectProcess, RegistersNothingIfItsOwnSetUpFails)
     EXPECT_THAT (host.calls, testing::IsEmpty());
 }
 
-struct KeyRow
+TEST (CEffectProcess, HandlesKeysThatItOrItsViewTakes)
 {
-    const char* name;
-    bool viewHandles, processHandles;
-    unsigned char handled;
-};
+    for (const auto& [viewHandles, processHandles] :
+         { std::pair (false, false), { true, false }, { false, true } })
+    {
+        ControlledProcess process;
+        process.nextView = std::make_unique<TestView> (process.calls);
+        process.nextView->handlesKeys = viewHandles;
+        process.handlesKeys = processHandles;
+        process.Initialize();
 
-using CEffectProcessKeys = testing::TestWithParam<KeyRow>;
-
-TEST_P (CEffectProcessKeys, GoToTheViewFirst)
-{
-    ControlledProcess process;
-    process.nextView = std::make_unique<TestView> (process.calls);
-    process.nextView->handlesKeys = GetParam().viewHandles;
-    process.handlesKeys = GetParam().processHandles;
-    process.Initialize();
-
-    unsigned char handled = 99;
-    EXPECT_EQ (process.DoKeyCommand (nullptr, &handled), 0);
-    EXPECT_EQ (handled, GetParam().handled);
-    process.Free();
+        unsigned char handled = 99;
+        EXPECT_EQ (process.DoKeyCommand (nullptr, &handled), 0);
+        EXPECT_EQ (handled, viewHandles || processHandles);
+        process.Free();
+    }
 }
-
-constexpr auto keyRows = std::to_array<KeyRow> ({
-    { "Nobody", false, false, 0 },
-    { "View", true, false, 1 },
-    { "Process", false, true, 1 },
-});
-
-INSTANTIATE_ROWS (CEffectProcessKeys, keyRows);
 
 TEST (CEffectProcess, FindsItsStringsBySelector)
 {
@@ -156,51 +143,32 @@ TEST (CEffectProcess, FindsItsStringsBySelector)
 
 //==============================================================================================
 
-struct BypassRow
-{
-    const char* name;
-    std::int32_t value;
-    unsigned char on;
-};
-
-using CEffectProcessBypass = testing::TestWithParam<BypassRow>;
-
-TEST_P (CEffectProcessBypass, IsOnFromTheMiddleUp)
-{
-    ControlledProcess process;
-    process.add (discreteControl())->SetValue (GetParam().value);
-    EXPECT_TRUE (process.DefineMasterBypassControlIndex (1));
-
-    unsigned char on = 99;
-    EXPECT_EQ (process.GetBypass (0, &on), 0);
-    EXPECT_EQ (on, GetParam().on);
-}
-
-constexpr auto bypassRows = std::to_array<BypassRow> ({
-    { "Bottom", bottom, 0 },
-    { "JustBelow", -1, 0 },
-    { "Middle", 0, 1 },
-    { "Top", top, 1 },
-});
-
-INSTANTIATE_ROWS (CEffectProcessBypass, bypassRows);
-
-TEST (CEffectProcess, SetsItsBypassToTheEndsOfTheScale)
+TEST (CEffectProcess, IsBypassedFromTheMiddleOfTheScaleUp)
 {
     ControlledProcess process;
     process.add (discreteControl());
-    unsigned char on = 99;
+    const auto bypass = [&]
+    {
+        unsigned char on = 99;
+        EXPECT_EQ (process.GetBypass (0, &on), 0);
+        return int { on };
+    };
 
     EXPECT_EQ (process.SetBypass (0, 1), 0); // no master bypass yet
-    EXPECT_EQ (process.GetBypass (0, &on), 0);
-    EXPECT_EQ (on, 0);
+    EXPECT_EQ (bypass(), 0);
     EXPECT_EQ (process.valueOf (1), LongToLongControl (5, 0, 10));
+    EXPECT_TRUE (process.DefineMasterBypassControlIndex (1));
 
-    process.DefineMasterBypassControlIndex (1);
-    process.SetBypass (0, 2);
-    EXPECT_EQ (process.valueOf (1), top);
+    for (const auto& [value, on] : { std::pair (bottom, 0), { -1, 0 }, { 0, 1 }, { top, 1 } })
+    {
+        process.UpdateControlValue (1, value);
+        EXPECT_EQ (bypass(), on) << value;
+    }
+
     process.SetBypass (0, 0);
     EXPECT_EQ (process.valueOf (1), bottom);
+    process.SetBypass (0, 2);
+    EXPECT_EQ (process.valueOf (1), top);
 }
 
 TEST (CEffectProcess, LeavesOnlyADiscreteBypassOutOfItsChunk)
@@ -245,25 +213,21 @@ TEST (CEffectProcessMeters, AreFoundByIndexAndType)
 {
     MeteredProcess process;
     std::int32_t number = 0;
+    const auto answered = [&] (std::int32_t result)
+    {
+        EXPECT_EQ (result, 0);
+        return number;
+    };
 
-    EXPECT_EQ (process.GetNumMeters (&number), 0);
-    EXPECT_EQ (number, 3);
-    EXPECT_EQ (process.GetNumMetersOfType ('i', &number), 0);
-    EXPECT_EQ (number, 2);
-    EXPECT_EQ (process.GetMeterIndexByType ('i', 2, &number), 0);
-    EXPECT_EQ (number, 3);
-    EXPECT_EQ (process.GetMeterOrientation (2, &number), 0);
-    EXPECT_EQ (number, 2);
-    EXPECT_EQ (process.GetMeterOrientation (4, &number), 0);
-    EXPECT_EQ (number, 0);
-    EXPECT_EQ (process.GetMeterVal (2, &number), 0);
-    EXPECT_EQ (number, 20);
+    EXPECT_EQ (answered (process.GetNumMeters (&number)), 3);
+    EXPECT_EQ (answered (process.GetNumMetersOfType ('i', &number)), 2);
+    EXPECT_EQ (answered (process.GetMeterIndexByType ('i', 2, &number)), 3);
+    EXPECT_EQ (answered (process.GetMeterOrientation (2, &number)), 2);
+    EXPECT_EQ (answered (process.GetMeterOrientation (4, &number)), 0);
+    EXPECT_EQ (answered (process.GetMeterVal (2, &number)), 20);
 
     for (const std::int32_t index : { 0, -1, 4 })
-    {
-        EXPECT_EQ (process.GetMeterVal (index, &number), 0);
-        EXPECT_EQ (number, 0) << index;
-    }
+        EXPECT_EQ (answered (process.GetMeterVal (index, &number)), 0) << index;
 }
 
 TEST (CEffectProcessMeters, ClipUntilCleared)

@@ -4,7 +4,6 @@
 // What a process registers with the token service and takes back, also where a call fails halfway.
 
 #include "host/TokenFixture.h"
-#include "support/NamedRows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,9 +12,10 @@
 #include <host/HostGlobals.h>
 #include <host/UDigiLibAccess.h>
 
-#include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace
@@ -77,6 +77,14 @@ TEST (CProcessRegistration, IsTakenBackListenersFirst)
     f.host.calls.clear();
     EXPECT_EQ (f.process.Free(), 0);
     EXPECT_THAT (f.host.calls, IsEmpty());
+
+    auto unfreed = std::make_unique<ControlledProcess>();
+    unfreed->add (std::make_unique<PlainTestControl> ("Width"));
+    unfreed->Initialize();
+    EXPECT_EQ (f.host.listeners.size(), 3u);
+    unfreed.reset();
+    EXPECT_THAT (f.host.names, IsEmpty());
+    EXPECT_THAT (f.host.listeners, IsEmpty());
 }
 
 TEST (CProcessRegistration, DoesNotHappenWithoutATokenTask)
@@ -106,17 +114,9 @@ TEST (CProcessRegistration, OfANewRootTakesTheOldOneBackFirst)
     EXPECT_THAT (f.host.names, IsEmpty());
 }
 
-/** Where registering can go wrong: root, two controls, group, six listeners. */
-using CProcessFailure = testing::TestWithParam<int>;
-
-constexpr int numRegistrations = 10;
-constexpr int firstListener = 5;
-
-TEST_P (CProcessFailure, LeavesNothingRegistered)
+/** A start that fails leaves nothing registered, and nothing to take back. */
+void expectFailure (TokenFixture& f, std::int32_t code)
 {
-    TokenFixture f;
-    f.host.failingRegistration = GetParam();
-
     try
     {
         f.process.Initialize();
@@ -124,68 +124,40 @@ TEST_P (CProcessFailure, LeavesNothingRegistered)
     }
     catch (const CDAEError& error)
     {
-        EXPECT_EQ (error.GetErrorCode(), GetParam() < firstListener ? FakeTokenHost::failure : -7053);
+        EXPECT_EQ (error.GetErrorCode(), code);
     }
 
     EXPECT_THAT (f.host.names, IsEmpty());
     EXPECT_THAT (f.host.listeners, IsEmpty());
-
     f.host.calls.clear();
     EXPECT_EQ (f.process.Free(), 0);
     EXPECT_THAT (f.host.calls, IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P (AtEachCall, CProcessFailure, testing::Range (1, numRegistrations + 1));
-
-struct MissingRow
+TEST (CProcessRegistration, LeavesNothingWhereverItFails)
 {
-    const char* name;
-    const char* function;
-    std::int32_t code;
-};
+    // The root, two controls and the group have names; then come six listeners.
+    constexpr int numNames = 4, numRegistrations = 10;
 
-using CProcessMissingFunction = testing::TestWithParam<MissingRow>;
-
-TEST_P (CProcessMissingFunction, FailsWithItsCode)
-{
-    TokenFixture f;
-    f.host.missingFunction = GetParam().function;
-    UDigiLibAccess::Initialize();
-
-    try
+    for (int call = 1; call <= numRegistrations; ++call)
     {
-        f.process.Initialize();
-        ADD_FAILURE() << "went well";
+        SCOPED_TRACE (call);
+        TokenFixture f;
+        f.host.failingRegistration = call;
+        expectFailure (f, call <= numNames ? FakeTokenHost::failure : -7053);
     }
-    catch (const CDAEError& error)
-    {
-        EXPECT_EQ (error.GetErrorCode(), GetParam().code);
-    }
-
-    EXPECT_THAT (f.host.names, IsEmpty());
-    EXPECT_THAT (f.host.listeners, IsEmpty());
 }
 
-constexpr auto missingRows = std::to_array<MissingRow> ({
-    { "Reserve", "FicSDSReserveName", -2802 },
-    { "GetId", "FicSDSGetNameId", -2802 },
-    { "Services", "FicGetServices", -7053 },
-});
-
-INSTANTIATE_ROWS (CProcessMissingFunction, missingRows);
-
-TEST (CProcessRegistration, EndsWithTheProcess)
+TEST (CProcessRegistration, FailsWithTheCodeOfAMissingFunction)
 {
-    FakeTokenHost host;
-
+    for (const auto& [function, code] : { std::pair ("FicSDSReserveName", -2802),
+                                          { "FicSDSGetNameId", -2802 },
+                                          { "FicGetServices", -7053 } })
     {
-        ControlledProcess process;
-        process.add (std::make_unique<PlainTestControl> ("Width"));
-        process.Initialize();
-        EXPECT_EQ (host.listeners.size(), 3u);
+        TokenFixture f;
+        f.host.missingFunction = function;
+        UDigiLibAccess::Initialize();
+        expectFailure (f, code);
     }
-
-    EXPECT_THAT (host.names, IsEmpty());
-    EXPECT_THAT (host.listeners, IsEmpty());
 }
 } // namespace

@@ -132,15 +132,6 @@ TEST (CProcessControls, GivesTheCodeOfATextThatCannotBeRead)
     EXPECT_EQ (value, 0);
 }
 
-TEST (CProcessControls, KnowsNothingOfValueInfos)
-{
-    ControlledProcess process;
-    process.add (plainControl());
-    std::int32_t value = garbage;
-    EXPECT_EQ (process.GetControlValueInfo (1, 1, &value), -7304);
-    EXPECT_EQ (value, 0);
-}
-
 TEST (CProcessControls, AsksForNamesWithTheirLengthAndController)
 {
     ControlledProcess process;
@@ -167,90 +158,67 @@ TEST (CProcessControls, AsksForNamesWithTheirLengthAndController)
 
 //==============================================================================================
 
-struct TextRow
+TEST (CProcessTexts, AreAsLongAsTheHostSays)
 {
-    const char* name;
-    std::int32_t control, length;
-    std::size_t expectedLength;
-    bool isWritten;
-};
+    struct Row
+    {
+        std::int32_t control, length;
+        std::size_t written;
+    };
 
-constexpr auto textRows = std::to_array<TextRow> ({
-    { "Short", 1, 3, 3, true },
-    { "Longest", 1, 99, 99, true },
-    { "HundredIsNone", 1, 100, 0, true },
-    { "MoreThanHundred", 1, 103, 3, true },
-    { "TwoHundredsStay", 1, 250, 150, true },
-    { "None", 1, 0, 0, true },
-    { "Negative", 1, -1, 0, false },
-    { "NoControl", 2, 9, 0, true },
-});
-
-using CProcessTexts = testing::TestWithParam<TextRow>;
-
-TEST_P (CProcessTexts, AreAsLongAsTheHostSays)
-{
     ControlledProcess process;
     process.add (plainControl());
-    std::string text (300, untouched);
-    EXPECT_EQ (process.MapControlValToString (GetParam().control, 4, text.data(), GetParam().length), 0);
 
-    if (! GetParam().isWritten)
+    for (const auto& [control, length, written] : { Row { 1, 3, 3 },
+                                                    { 1, 99, 99 },
+                                                    { 1, 100, 0 },
+                                                    { 1, 103, 3 },
+                                                    { 1, 250, 150 },
+                                                    { 1, 0, 0 },
+                                                    { 2, 9, 0 } })
     {
-        EXPECT_EQ (text, std::string (300, untouched));
-        return;
+        std::string text (300, untouched);
+        EXPECT_EQ (process.MapControlValToString (control, 4, text.data(), length), 0);
+        EXPECT_EQ (std::string (text.c_str()), written == 0 ? "" : std::string (written - 1, 'x') + '4')
+            << length;
+        EXPECT_EQ (text[written + 1], untouched);
     }
 
-    const std::string written = text.c_str();
-    EXPECT_EQ (written.size(), GetParam().expectedLength);
-    EXPECT_EQ (text[GetParam().expectedLength + 1], untouched);
-
-    EXPECT_TRUE (written.empty() || written.back() == '4');
+    char text = untouched;
+    EXPECT_EQ (process.MapControlValToString (1, 4, &text, -1), 0);
+    EXPECT_EQ (text, untouched);
 }
-
-INSTANTIATE_ROWS (CProcessTexts, textRows);
 
 //==============================================================================================
 
-struct StepRow
+TEST (CProcessSteps, StayOnTheScale)
 {
-    const char* name;
-    std::int32_t from, delta, to;
-};
+    struct Row
+    {
+        std::int32_t from, delta, to;
+    };
 
-constexpr auto stepRows = std::to_array<StepRow> ({
-    { "Up", -3, 5, 2 },
-    { "Down", 2, -5, -3 },
-    { "ToTheTop", top - 1, 1, top },
-    { "PastTheTop", top - 1, 2, top },
-    { "PastTheTopByAll", 1, top, top },
-    { "ToTheBottom", bottom + 1, -1, bottom },
-    { "PastTheBottom", -1, bottom, bottom },
-    { "FromEndToEnd", bottom, top, -1 },
-});
-
-using CProcessSteps = testing::TestWithParam<StepRow>;
-
-TEST_P (CProcessSteps, StayOnTheScale)
-{
-    const auto& row = GetParam();
     ControlledProcess process;
     auto* const control = process.add (plainControl());
+    std::int32_t numChanges = 0, expectedChanges = 0;
 
-    control->SetValue (row.from);
-    EXPECT_EQ (process.SetControlRelative (1, row.delta), 0);
-    EXPECT_EQ (process.valueOf (1), row.to);
-
-    control->SetValue (row.from);
-    EXPECT_EQ (process.UpdateControlRelative (1, row.delta), 0);
-    EXPECT_EQ (process.valueOf (1), row.to);
-
-    std::int32_t numChanges = 0;
-    EXPECT_EQ (process.GetNumChanges (&numChanges), 0);
-    EXPECT_EQ (numChanges, 2);
+    for (const auto& [from, delta, to] : { Row { -3, 5, 2 },
+                                           { 2, -5, -3 },
+                                           { top - 1, 1, top },
+                                           { top - 1, 2, top },
+                                           { 1, top, top },
+                                           { bottom + 1, -1, bottom },
+                                           { -1, bottom, bottom },
+                                           { bottom, top, -1 } })
+        for (const auto change : { &CProcess::SetControlRelative, &CProcess::UpdateControlRelative })
+        {
+            control->SetValue (from);
+            EXPECT_EQ ((process.*change) (1, delta), 0);
+            EXPECT_EQ (process.valueOf (1), to) << from << " and " << delta;
+            EXPECT_EQ (process.GetNumChanges (&numChanges), 0);
+            EXPECT_EQ (numChanges, ++expectedChanges);
+        }
 }
-
-INSTANTIATE_ROWS (CProcessSteps, stepRows);
 
 //==============================================================================================
 
@@ -319,25 +287,18 @@ TEST (CProcessView, HasSubViewsOfAllControlsThatHaveAnId)
 
 //==============================================================================================
 
-TEST (CProcess, AnswersForPortsAndChunksThatItKnowsNothingOf)
+TEST (CProcess, AnswersForPortsChunksAndValuesThatItKnowsNothingOf)
 {
     ControlledProcess process;
     unsigned char connected = 0;
     std::uint32_t id = 0;
+    std::int32_t value = garbage;
     EXPECT_EQ (process.CProcess::IsInputPortConnected (-1, &connected), 0);
     EXPECT_EQ (connected, 1);
+    EXPECT_EQ (process.GetControlValueInfo (1, 1, &value), -7304);
+    EXPECT_EQ (value, 0);
     EXPECT_EQ (process.CProcess::GetIndexedChunkID (1, &id), -7157);
     EXPECT_EQ (id, fourCC ("    "));
-}
-
-TEST (CProcess, TakesTimeCodeFromRecords)
-{
-    ControlledProcess process;
-    constexpr SFicTimeCodeInfo info { 3, -25 };
-    EXPECT_EQ (process.SetTimeCodeInfo (&info), 0);
-    EXPECT_EQ (process.SetTimeCodeInfo (nullptr), 0);
-    EXPECT_EQ (process.GetFrameRate(), 3);
-    EXPECT_EQ (process.GetFrameOffset(), -25);
 }
 
 TEST (CProcess, IsNotTouchedAgainIfAMessageFreesIt)

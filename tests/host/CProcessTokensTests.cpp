@@ -106,13 +106,10 @@ INSTANTIATE_ROWS (CProcessTokenBytes, bytesRows);
  */
 struct TouchRow
 {
-    const char* name;
     const char* actions;
-    std::int32_t control;
     const char* tokens;
+    std::int32_t control = 1;
 };
-
-using CProcessTouch = testing::TestWithParam<TouchRow>;
 
 char shorthand (const SFicSDSToken& token)
 {
@@ -122,41 +119,35 @@ char shorthand (const SFicSDSToken& token)
     return token.tokenSubType == FIC_TOKEN_GRABBED ? 'g' : 'v';
 }
 
-TEST_P (CProcessTouch, SendsWhatTheHostNeeds)
+TEST (CProcessTouch, SendsWhatTheHostNeeds)
 {
-    const auto& row = GetParam();
-    TokenFixture f;
-    f.initialize();
-
-    for (const char* action = row.actions; *action != 0; ++action)
+    for (const auto& row : { TouchRow { "T", "tg" },
+                             { "TR", "tgr" },
+                             { "TTR", "tg" },
+                             { "TTRR", "tgr" },
+                             { "TRTR", "tgrtgr" },
+                             { "V", "tgvr" },
+                             { "TVVR", "tgvvr" },
+                             { "RR", "" },
+                             { "RTR", "tgr" },
+                             { "TRVTV", "", 3 },
+                             { "TRV", "", -1 } })
     {
-        const auto result = *action == 'T'   ? f.process.TouchControl (row.control)
-                            : *action == 'R' ? f.process.ReleaseControl (row.control)
-                                             : f.process.SetControlValue (row.control, value);
-        EXPECT_EQ (result, 0);
+        TokenFixture f;
+        f.initialize();
+
+        for (const char action : std::string (row.actions))
+            EXPECT_EQ (action == 'T'   ? f.process.TouchControl (row.control)
+                       : action == 'R' ? f.process.ReleaseControl (row.control)
+                                       : f.process.SetControlValue (row.control, value),
+                       0);
+
+        std::string tokens;
+        std::transform (
+            f.host.dispatched.begin(), f.host.dispatched.end(), std::back_inserter (tokens), shorthand);
+        EXPECT_EQ (tokens, row.tokens) << row.actions;
     }
-
-    std::string tokens;
-    std::transform (
-        f.host.dispatched.begin(), f.host.dispatched.end(), std::back_inserter (tokens), shorthand);
-    EXPECT_EQ (tokens, row.tokens);
 }
-
-constexpr auto touchRows = std::to_array<TouchRow> ({
-    { "Touch", "T", 1, "tg" },
-    { "TouchAndRelease", "TR", 1, "tgr" },
-    { "Nested", "TTRR", 1, "tgr" },
-    { "NestedNotYetReleased", "TTR", 1, "tg" },
-    { "AgainAfterwards", "TRTR", 1, "tgrtgr" },
-    { "Value", "V", 1, "tgvr" },
-    { "ValueInsideATouch", "TVVR", 1, "tgvvr" },
-    { "ReleaseAlone", "RR", 1, "" },
-    { "TouchAfterAReleaseAlone", "RTR", 1, "tgr" },
-    { "NoControl", "TRVTV", 3, "" },
-    { "ControlBelow", "TRV", -1, "" },
-});
-
-INSTANTIATE_ROWS (CProcessTouch, touchRows);
 
 TEST (CProcessValues, OfOneControlAreTouchedApart)
 {
@@ -178,6 +169,8 @@ TEST (CProcessValues, AreSetOnlyByTheHostsAnswer)
     f.host.dispatchResult = FakeTokenHost::failure;
     EXPECT_EQ (f.process.SetControlValue (1, value), FakeTokenHost::failure);
     EXPECT_EQ (f.process.valueOf (1), longControlBottom);
+    EXPECT_EQ (f.process.UpdateControlValue (1, 5), FakeTokenHost::failure);
+    EXPECT_EQ (f.process.valueOf (1), 5);
 
     f.host.dispatchResult = ficSuccess;
     f.host.answer = [&] (const SFicSDSToken& token)
@@ -196,15 +189,6 @@ TEST (CProcessValues, AreSetAtOnceBeforeTheControlsAreRegistered)
     EXPECT_EQ (f.process.SetControlValue (1, value), 0);
     EXPECT_EQ (f.process.valueOf (1), value);
     EXPECT_THAT (f.host.dispatched, IsEmpty());
-}
-
-TEST (CProcessValues, GiveTheResultOfTheirToken)
-{
-    TokenFixture f;
-    f.initialize();
-    f.host.dispatchResult = FakeTokenHost::failure;
-    EXPECT_EQ (f.process.UpdateControlValue (1, value), FakeTokenHost::failure);
-    EXPECT_EQ (f.process.valueOf (1), value);
 }
 
 //==============================================================================================
@@ -244,23 +228,20 @@ TEST_P (CProcessIncoming, IsActedUponAndGivenBack)
     EXPECT_THAT (f.host.calls, ElementsAre ("take", "done", "idle"));
 }
 
+SFicSDSToken currentValue (std::int32_t newValue)
+{
+    return makeValueToken (widthID, FIC_TOKEN_CURRENT, newValue);
+}
+
 const auto otherToken = makeToken (widthID, fourCC ("SETV"), fourCC ("abcd"), FIC_PROTOCOL_CONTROL, 38);
 const auto getToken = makeToken (widthID, FIC_TOKEN_GET, FIC_TOKEN_VALUE, FIC_PROTOCOL_CONTROL, 42);
 const auto highlightToken = makeToken (widthID, FIC_TOKEN_SET, FIC_TOKEN_HIGHLIGHT, FIC_PROTOCOL_CONTROL, 56);
 
 const std::vector<IncomingRow> incomingRows {
-    { "EchoOfTheValue",
-      makeValueToken (widthID, FIC_TOKEN_CURRENT, valueBefore),
-      { "update 11=5" },
-      valueBefore,
-      {} },
-    { "AnotherValue", makeValueToken (widthID, FIC_TOKEN_CURRENT, 6), { "update 11=6" }, 6, {} },
-    { "ValueCutShort", withLength (makeValueToken (widthID, FIC_TOKEN_CURRENT, 6), 41), {}, valueBefore, {} },
-    { "NegativeLength",
-      withLength (makeValueToken (widthID, FIC_TOKEN_CURRENT, 6), -1),
-      {},
-      valueBefore,
-      {} },
+    { "EchoOfTheValue", currentValue (valueBefore), { "update 11=5" }, valueBefore, {} },
+    { "AnotherValue", currentValue (6), { "update 11=6" }, 6, {} },
+    { "ValueCutShort", withLength (currentValue (6), 41), {}, valueBefore, {} },
+    { "NegativeLength", withLength (currentValue (6), -1), {}, valueBefore, {} },
     { "Question", getToken, {}, valueBefore, { "CURV CAVL 2" } },
     { "Highlight", highlightToken, { "highlight 1" }, valueBefore, {} },
     { "HighlightWithNothing", withLength (highlightToken, 38), { "highlight 1" }, valueBefore, {} },

@@ -10,7 +10,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <string>
 
 using testing::ElementsAre;
 using testing::IsEmpty;

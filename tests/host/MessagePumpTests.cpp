@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 #include <juce_events/juce_events.h>
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
