@@ -216,28 +216,44 @@ TEST_F (CAdaptorPlugInTest, HasPortsForSideChainAndAuxiliaryOutputs)
     EXPECT_EQ (blockOfHost().numOutputs, 2);
 }
 
-TEST_F (CAdaptorPlugInTest, VariableQuantaTakeTheTypeAndTheHost)
+TEST_F (CAdaptorPlugInTest, CutsTheWorkersNameAndAsksTheHostForVariableQuanta)
 {
+    type.DefineTypeNames (std::string (100, 'x').c_str());
     type.AddGestalt (Gestalts::variableQuanta);
     process.Initialize();
+    engine.givesDataBlocks = false;
+    EXPECT_EQ (process.CreateHostPlugIn (plugInId), ficSuccess);
+    EXPECT_EQ (engine.dataBlock(), nullptr);
+    engine.givesDataBlocks = true;
 
-    for (const auto& [answer, result, expected] :
-         { std::tuple { 0, 0, 0 }, std::tuple { 1, 0, 1 }, std::tuple { 1, -1, 0 } })
+    for (const auto& [answer, result, expected] : { std::tuple { 0, 0, 0 }, { 1, 0, 1 }, { 1, -1, 0 } })
     {
         framework.gestaltAnswer = answer;
         framework.gestaltResult = result;
         ASSERT_EQ (process.CreateHostPlugIn (plugInId), ficSuccess);
         EXPECT_EQ (blockOfHost().variableQuanta, expected) << answer << " " << result;
     }
-}
 
-TEST_F (CAdaptorPlugInTest, CutsTheWorkersName)
-{
-    type.DefineTypeNames (std::string (100, 'x').c_str());
-    process.Initialize();
-    ASSERT_EQ (process.CreateHostPlugIn (plugInId), ficSuccess);
     const auto& words = engine.description (engine.described (ficRemoteWorker).at (0));
     EXPECT_EQ (std::string (reinterpret_cast<const char*> (words[8])), std::string (64, 'x'));
+}
+
+TEST_F (CAdaptorPlugInTest, AsksOnceForTheManagerUntilItIsForgotten)
+{
+    engine.isThere = false;
+    process.Initialize();
+    EXPECT_EQ (process.CreateHostPlugIn (plugInId), ficSuccess);
+    engine.isThere = true;
+    EXPECT_EQ (process.CreateHostPlugIn (plugInId), ficSuccess);
+    EXPECT_EQ (engine.numTimesAsked, 1);
+    EXPECT_TRUE (engine.messages.empty());
+
+    DAERemoteObjectForgetManager(); // as the group does for a new callback
+    EXPECT_EQ (process.Free(), ficSuccess);
+    ASSERT_EQ (engine.kinds.size(), 1u);
+    EXPECT_THAT (
+        engine.outline(),
+        ElementsAre (Pair (ficRemotePlugIn, 2u), Pair (ficRemotePlugIn, 1u), Pair (ficRemotePlugIn, 3u)));
 }
 
 TEST_F (CAdaptorPlugInTest, WithoutAWorkerTakesTheGenericOne)
@@ -255,40 +271,6 @@ TEST_F (CAdaptorPlugInTest, WithoutAWorkerTakesTheGenericOne)
                    reinterpret_cast<std::uintptr_t> (scattered ? &CEffectProcessRTAS::PlugInWorkerSG
                                                                : &CEffectProcessRTAS::PlugInWorker));
     }
-}
-
-TEST_F (CAdaptorPlugInTest, LeavesDataAloneUntilTheHostGivesItsBlock)
-{
-    engine.givesDataBlocks = false;
-    process.Initialize();
-    EXPECT_EQ (process.CreateHostPlugIn (plugInId), ficSuccess);
-    EXPECT_EQ (engine.dataBlock(), nullptr);
-}
-
-TEST_F (CAdaptorPlugInTest, AsksOnceForTheManagerAndDoesWithoutIt)
-{
-    engine.isThere = false;
-    process.Initialize();
-    EXPECT_EQ (process.CreateHostPlugIn (plugInId), ficSuccess);
-    engine.isThere = true;
-    EXPECT_EQ (process.CreateHostPlugIn (plugInId), ficSuccess);
-    EXPECT_EQ (engine.numTimesAsked, 1);
-    EXPECT_TRUE (engine.messages.empty());
-}
-
-TEST_F (CAdaptorPlugInTest, RegistersWithAManagerThatComesLater)
-{
-    engine.isThere = false;
-    process.Initialize();
-    ASSERT_EQ (process.CreateHostPlugIn (plugInId), ficSuccess);
-    engine.isThere = true;
-    DAERemoteObjectForgetManager(); // as the group does for a new callback
-
-    EXPECT_EQ (process.Free(), ficSuccess);
-    ASSERT_EQ (engine.kinds.size(), 1u);
-    EXPECT_THAT (
-        engine.outline(),
-        ElementsAre (Pair (ficRemotePlugIn, 2u), Pair (ficRemotePlugIn, 1u), Pair (ficRemotePlugIn, 3u)));
 }
 
 TEST_F (CAdaptorPlugInTest, ReadsAndWritesTheHostsCopyOfTheData)

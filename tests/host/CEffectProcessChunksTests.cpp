@@ -90,8 +90,6 @@ public:
     CPluginControl_Discrete* mode;
 };
 
-//==============================================================================================
-
 TEST (CEffectProcessChunks, AreListedWithTheControlsOnlyIfThereAreSomeBesideTheBypass)
 {
     for (const bool hasControl : { false, true })
@@ -201,8 +199,6 @@ TEST (CEffectProcessChunks, AreSixtyBytesWithoutControlsOfKnownKinds)
     process.Free();
 }
 
-//==============================================================================================
-
 /** What a controls chunk does to a width of 2.5 and a mode of 0. */
 struct LoadRow
 {
@@ -282,8 +278,6 @@ TEST (CEffectProcessChunks, OfOthersAreTheSameAndChangeNothing)
     EXPECT_EQ (f.process.CompareActiveChunk (nullptr, &same), 0);
     EXPECT_EQ (f.process.GetChunk (controlsChunk, nullptr), 0);
 }
-
-//==============================================================================================
 
 TEST (CEffectProcessChunks, SetThroughTheHostOrAtOnce)
 {

@@ -165,33 +165,6 @@ TEST_F (CEffectProcessMIDITest, RunsWithoutAService)
     EXPECT_EQ (numberOf (instantiate()), 1) << "the others kept no number";
 }
 
-TEST_F (CEffectProcessMIDITest, EachReadTakesItsVersion)
-{
-    for (std::int32_t version = 1; version <= 7; ++version)
-    {
-        framework.midiVersion = version;
-        const CEffectMIDITransport reads (instantiate().GetMIDIWorld());
-        const auto fromTwo = version >= 2 ? 0 : -9145;
-        const auto fromSeven = version >= 7 ? 0 : -9145;
-        double tempo = 0.0;
-        std::int32_t numerator = 0, denominator = 0;
-        unsigned char playing = 0;
-        std::int64_t stopped = -1, running = -1, ticks = -1;
-
-        EXPECT_EQ (reads.GetCurrentTempo (&tempo), fromTwo) << version;
-        EXPECT_EQ (reads.GetCurrentMeter (&numerator, &denominator), fromTwo) << version;
-        EXPECT_EQ (reads.IsTransportPlaying (&playing), fromTwo) << version;
-        EXPECT_EQ (reads.GetCurrentTDMSampleLocation (&stopped), fromSeven) << version;
-        EXPECT_EQ (reads.GetCurrentRTASSampleLocation (&running), fromSeven) << version;
-        EXPECT_EQ (reads.GetCustomTickPosition (&ticks, 5), fromSeven) << version;
-        EXPECT_EQ (tempo, version >= 2 ? transport.tempo : 0.0);
-        EXPECT_EQ (denominator, version >= 2 ? transport.denominator : 0);
-        EXPECT_EQ (stopped, version >= 7 ? transport.stoppedAt : -1);
-        EXPECT_EQ (running, version >= 7 ? transport.runningAt : -1);
-        EXPECT_EQ (ticks, version >= 7 ? 5 * transport.ticksPerSample : -1);
-    }
-}
-
 TEST_F (CEffectProcessMIDITest, LogsOutOnce)
 {
     auto& process = instantiate();

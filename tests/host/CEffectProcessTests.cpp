@@ -40,8 +40,6 @@ std::string toText (const unsigned char* pascal)
     return { pascal + 1, pascal + 1 + pascal[0] };
 }
 
-//==============================================================================================
-
 TEST (CEffectProcess, TakesItsLayoutFromTheType)
 {
     CEffectType type (fourCC ("typ1"), fourCC ("prod"), nativePlugInType, 1);
@@ -141,8 +139,6 @@ TEST (CEffectProcess, FindsItsStringsBySelector)
     EXPECT_EQ (process.GetPlugInString (4, nullptr), 0);
 }
 
-//==============================================================================================
-
 TEST (CEffectProcess, IsBypassedFromTheMiddleOfTheScaleUp)
 {
     ControlledProcess process;
@@ -188,8 +184,6 @@ TEST (CEffectProcess, LeavesOnlyADiscreteBypassOutOfItsChunk)
 
     EXPECT_TRUE (process.DefineMasterBypassControlIndex (3));
 }
-
-//==============================================================================================
 
 /** Two meters of one type around one of another. */
 class MeteredProcess : public ControlledProcess

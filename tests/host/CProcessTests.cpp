@@ -35,8 +35,6 @@ std::unique_ptr<PlainTestControl> plainControl (const char* name = "Width", std:
     return std::make_unique<PlainTestControl> (name, id);
 }
 
-//==============================================================================================
-
 /** An operation that gives one number of a control. */
 struct QuestionRow
 {
@@ -156,8 +154,6 @@ TEST (CProcessControls, AsksForNamesWithTheirLengthAndController)
     EXPECT_EQ (process.GetControlNameOfLength (1, name.data(), -1, 0, nullptr), 0);
 }
 
-//==============================================================================================
-
 TEST (CProcessTexts, AreAsLongAsTheHostSays)
 {
     struct Row
@@ -189,8 +185,6 @@ TEST (CProcessTexts, AreAsLongAsTheHostSays)
     EXPECT_EQ (text, untouched);
 }
 
-//==============================================================================================
-
 TEST (CProcessSteps, StayOnTheScale)
 {
     struct Row
@@ -219,8 +213,6 @@ TEST (CProcessSteps, StayOnTheScale)
             EXPECT_EQ (numChanges, ++expectedChanges);
         }
 }
-
-//==============================================================================================
 
 TEST (CProcessView, IsSetUpAndDeleted)
 {
@@ -284,8 +276,6 @@ TEST (CProcessView, HasSubViewsOfAllControlsThatHaveAnId)
 
     process.Free();
 }
-
-//==============================================================================================
 
 TEST (CProcess, AnswersForPortsChunksAndValuesThatItKnowsNothingOf)
 {

@@ -28,8 +28,6 @@ using testing::IsEmpty;
 constexpr std::int32_t widthID = TokenFixture::widthID;
 constexpr std::int32_t value = 0x12345678;
 
-//==============================================================================================
-
 /** The bytes of a token: six numbers, then what follows them up to its length. */
 struct BytesRow
 {
@@ -100,8 +98,6 @@ const std::vector<BytesRow> bytesRows {
 
 INSTANTIATE_ROWS (CProcessTokenBytes, bytesRows);
 
-//==============================================================================================
-
 /** T and R touch and release, V sets a value; the tokens are t for a touch, g a grab, r a release, v a value.
  */
 struct TouchRow
@@ -160,8 +156,6 @@ TEST (CProcessValues, OfOneControlAreTouchedApart)
                  ElementsAre ("SETV CTCH 2", "SETV GIAC 77", "SETV CTCH 3", "SETV GIAC 77", "SETV CTCH 2"));
 }
 
-//==============================================================================================
-
 TEST (CProcessValues, AreSetOnlyByTheHostsAnswer)
 {
     TokenFixture f;
@@ -190,8 +184,6 @@ TEST (CProcessValues, AreSetAtOnceBeforeTheControlsAreRegistered)
     EXPECT_EQ (f.process.valueOf (1), value);
     EXPECT_THAT (f.host.dispatched, IsEmpty());
 }
-
-//==============================================================================================
 
 /** What a token from the host to "Width" brings about. */
 struct IncomingRow

@@ -52,11 +52,6 @@ void PlainTestControl::GetValueString (char* text, std::int32_t maxLength, std::
         text[maxLength - 1] = static_cast<char> ('0' + shownValue % 10);
 }
 
-ContinuousTestControl::ContinuousTestControl (std::uint32_t newId)
-    : id (newId)
-{
-}
-
 std::int32_t ContinuousTestControl::ConvertContinuousToControl (double continuous) const
 {
     const auto limited = std::clamp (continuous, 0.0, continuousTop);
@@ -74,47 +69,12 @@ void ContinuousTestControl::GetValueString (char* text, std::int32_t maxLength, 
         text, static_cast<std::size_t> (maxLength) + 1, "%.1f", ConvertControlToContinuous (shownValue));
 }
 
-TestView::TestView (std::vector<std::string>& callsToNote)
-    : calls (callsToNote)
-{
-}
-
-TestView::~TestView()
-{
-    calls.push_back ("view deleted");
-}
-
 void TestView::Setup()
 {
     calls.push_back ("view set up");
 
     if (failsToSetUp)
         throw CDAEError (PlainTestControl::unknownTextCode);
-}
-
-void TestView::AttachSubView (std::uint32_t viewID)
-{
-    calls.push_back ("attach " + std::to_string (viewID));
-}
-
-void TestView::DetachSubView (std::uint32_t viewID)
-{
-    calls.push_back ("detach " + std::to_string (viewID));
-}
-
-void TestView::UpdateSubView (std::uint32_t viewID, std::int32_t value)
-{
-    calls.push_back ("update " + std::to_string (viewID) + "=" + std::to_string (value));
-}
-
-std::int32_t ControlledProcess::valueOf (std::int32_t control)
-{
-    return controls.GetControl (control)->GetValue();
-}
-
-std::unique_ptr<CPlugInView> ControlledProcess::CreateCPlugInView()
-{
-    return std::move (nextView);
 }
 
 std::int32_t ControlledProcess::HandleToken (const SFicSDSToken&)
@@ -132,12 +92,6 @@ std::int32_t ControlledProcess::UpdateHighlight (std::int32_t control, const Tok
     calls.push_back ("highlight " + std::to_string (control));
     highlight = newHighlight;
     return 0;
-}
-
-void ControlledProcess::EffectInit()
-{
-    if (effectInit)
-        effectInit();
 }
 
 void ControlledProcess::GetMetersFromDSPorRTAS (std::int32_t* values, bool* newClips)

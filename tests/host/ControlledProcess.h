@@ -53,7 +53,10 @@ private:
 class ContinuousTestControl : public CPluginControl_Continuous
 {
 public:
-    explicit ContinuousTestControl (std::uint32_t newId);
+    explicit ContinuousTestControl (std::uint32_t newId)
+        : id (newId)
+    {
+    }
 
     std::int32_t ConvertContinuousToControl (double continuous) const override;
     double ConvertControlToContinuous (std::int32_t control) const override;
@@ -78,14 +81,27 @@ private:
 class TestView : public CPlugInView
 {
 public:
-    explicit TestView (std::vector<std::string>& callsToNote);
-    ~TestView() override;
+    explicit TestView (std::vector<std::string>& callsToNote)
+        : calls (callsToNote)
+    {
+    }
+
+    ~TestView() override { calls.push_back ("view deleted"); }
 
     void Setup() override;
     bool DoKeyCommand (EventRecord*) override { return handlesKeys; }
-    void AttachSubView (std::uint32_t viewID) override;
-    void DetachSubView (std::uint32_t viewID) override;
-    void UpdateSubView (std::uint32_t viewID, std::int32_t value) override;
+    void AttachSubView (std::uint32_t viewID) override
+    {
+        calls.push_back ("attach " + std::to_string (viewID));
+    }
+    void DetachSubView (std::uint32_t viewID) override
+    {
+        calls.push_back ("detach " + std::to_string (viewID));
+    }
+    void UpdateSubView (std::uint32_t viewID, std::int32_t value) override
+    {
+        calls.push_back ("update " + std::to_string (viewID) + "=" + std::to_string (value));
+    }
 
     bool handlesKeys = false;
     bool failsToSetUp = false;
@@ -107,14 +123,14 @@ public:
     }
 
     /** The value as the control has it. */
-    std::int32_t valueOf (std::int32_t control);
+    std::int32_t valueOf (std::int32_t control) { return controls.GetControl (control)->GetValue(); }
 
-    std::unique_ptr<CPlugInView> CreateCPlugInView() override;
+    std::unique_ptr<CPlugInView> CreateCPlugInView() override { return std::move (nextView); }
     bool RunPlatformMessages() override { return runMessages ? runMessages() : true; }
     std::int32_t HandleToken (const SFicSDSToken& token) override;
     std::int32_t UpdateHighlight (std::int32_t control, const TokenHighlight& highlight) override;
     bool HandleKeystroke (EventRecord*) override { return handlesKeys; }
-    void EffectInit() override;
+    void EffectInit() override { effectInit(); }
     void GetMetersFromDSPorRTAS (std::int32_t* values, bool* clips) override;
 
     using CEffectProcess::AddChunk;
@@ -129,7 +145,7 @@ public:
     std::vector<std::string> calls;     // of the views and of what is overridden here
     std::unique_ptr<TestView> nextView; // for Initialize()
     std::function<bool()> runMessages;
-    std::function<void()> effectInit;
+    std::function<void()> effectInit = [] {};
     std::function<void()> onToken;
     bool handlesKeys = false;
     std::vector<std::int32_t> levels; // of the meters

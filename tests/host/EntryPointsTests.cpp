@@ -16,8 +16,8 @@
 
 #include <array>
 #include <cstring>
+#include <exception>
 #include <new>
-#include <stdexcept>
 
 extern "C"
 {
@@ -108,28 +108,26 @@ struct OpeningCase
     std::int32_t result;
 };
 
+template <typename Error, auto... arguments>
+void spoilInitialization (FakeFramework&)
+{
+    whileInitializing = [] { throw Error (arguments...); };
+}
+
 const OpeningCase openingCases[] = {
     { "NoGroup",
-      [] (FakeFramework&)
+      [] (auto&)
       {
           groupMaker = []() -> CProcessGroup* { return nullptr; };
       },
       ficNoGroup },
-    { "NoFramework", [] (FakeFramework& framework) { framework.isThere = false; }, ficNoCriticalSection },
-    { "NoCriticalSection",
-      [] (FakeFramework& framework) { framework.makesCriticalSection = false; },
-      ficNoCriticalSection },
-    { "OldServices", [] (FakeFramework& framework) { framework.services.version = 0; }, ficServicesTooOld },
-    { "NoServices", [] (FakeFramework& framework) { framework.hasServices = false; }, ficServicesTooOld },
-    { "HostError",
-      [] (FakeFramework&) { whileInitializing = [] { throw CDAEError (ficUnknownType); }; },
-      ficUnknownType },
-    { "NoMemory",
-      [] (FakeFramework&) { whileInitializing = [] { throw std::bad_alloc(); }; },
-      ficOutOfMemory },
-    { "OtherException",
-      [] (FakeFramework&) { whileInitializing = [] { throw std::runtime_error ("lost"); }; },
-      ficUnknownException },
+    { "NoFramework", [] (auto& framework) { framework.isThere = false; }, ficNoCriticalSection },
+    { "NoSection", [] (auto& framework) { framework.makesCriticalSection = false; }, ficNoCriticalSection },
+    { "OldServices", [] (auto& framework) { framework.services.version = 0; }, ficServicesTooOld },
+    { "NoServices", [] (auto& framework) { framework.hasServices = false; }, ficServicesTooOld },
+    { "HostError", spoilInitialization<CDAEError, ficUnknownType>, ficUnknownType },
+    { "NoMemory", spoilInitialization<std::bad_alloc>, ficOutOfMemory },
+    { "OtherException", spoilInitialization<std::exception>, ficUnknownException },
 };
 
 using EntryPointsFailure = WithRows<EntryPoints, OpeningCase>;

@@ -5,11 +5,9 @@
 
 #include "EditorTestProcessor.h"
 #include "host/platform/HostWindow.h"
-#include "support/NamedRows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -63,7 +61,6 @@ private:
 
 constexpr GrafPtr firstPort = 1;
 constexpr GrafPtr secondPort = 2;
-constexpr GrafPtr unknownPort = 77;
 
 class JuceCustomUIViewTest : public testing::Test
 {
@@ -78,9 +75,6 @@ protected:
     ScopedHostWindowSource source { [this] (GrafPtr port,
                                             HostWindow::Watcher& watcher) -> std::unique_ptr<HostWindow>
                                     {
-                                        if (port == unknownPort)
-                                            return nullptr;
-
                                         auto& window = port == firstPort ? first : second;
                                         return std::make_unique<FakeHostWindow> (window, watcher);
                                     } };
@@ -158,50 +152,22 @@ TEST_F (JuceCustomUIViewTest, LimitsASizeThatTheHostCannotHold)
     EXPECT_THAT (viewRectangle (view), ElementsAre (0, 0, 32767, 32767));
 }
 
-namespace
+TEST_F (JuceCustomUIViewTest, StandsInTheMiddleOfAWiderWindowAndAtTheLeftOfANarrowerOne)
 {
-struct PlaceCase
-{
-    const char* name;
-    int hostWidth, expectedX;
-};
-
-using EditorPlace = WithRows<JuceCustomUIViewTest, PlaceCase>;
-
-constexpr PlaceCase placeCases[] = { { "InTheMiddleOfAWiderWindow", 800, 200 },
-                                     { "HalfAPixelToTheLeft", 403, 1 },
-                                     { "InAWindowOfItsOwnWidth", 400, 0 },
-                                     { "AtTheLeftOfANarrowerWindow", 300, 0 } };
-} // namespace
-
-TEST_P (EditorPlace, AtTheTopOfTheWindow)
-{
-    first.width = GetParam().hostWidth;
-    view.attachToWindow (firstPort);
-    EXPECT_EQ (first.child->getBounds(), juce::Rectangle<int> (GetParam().expectedX, 0, 400, 300));
-    EXPECT_EQ (editor()->getPosition(), juce::Point<int>());
-
-    // The same when the host resizes the window.
-    second.width = 1000;
-    view.attachToWindow (secondPort);
-    second.width = GetParam().hostWidth;
-    second.watcher->hostWindowChanged();
-    EXPECT_EQ (second.child->getPosition(), juce::Point<int> (GetParam().expectedX, 0));
-}
-
-INSTANTIATE_ROWS (EditorPlace, placeCases);
-
-TEST_F (JuceCustomUIViewTest, ShowsAndHidesTheEditorWithTheWindow)
-{
-    first.isShown = false;
-    view.attachToWindow (firstPort);
-    EXPECT_FALSE (first.child->isVisible());
-
-    for (const bool shown : { true, false, true })
+    for (const auto& [width, x] : { std::pair (800, 200), { 403, 1 }, { 400, 0 }, { 300, 0 } })
     {
-        first.isShown = shown;
-        first.watcher->hostWindowChanged();
-        EXPECT_EQ (first.child->isVisible(), shown);
+        first.width = width;
+        view.attachToWindow (firstPort);
+        EXPECT_EQ (first.child->getBounds(), juce::Rectangle<int> (x, 0, 400, 300));
+        EXPECT_EQ (editor()->getPosition(), juce::Point<int>());
+
+        // The same when the host resizes the window.
+        second.width = 1000;
+        view.attachToWindow (secondPort);
+        second.width = width;
+        second.watcher->hostWindowChanged();
+        EXPECT_EQ (second.child->getPosition(), juce::Point<int> (x, 0));
+        EXPECT_EQ (first.watcher, nullptr);
     }
 }
 
@@ -230,18 +196,6 @@ TEST_F (JuceCustomUIViewTest, ClosesMenusThenTellsTheProcessorThenDeletes)
     EXPECT_NE (second.child, nullptr);
 }
 
-TEST_F (JuceCustomUIViewTest, TakesItsEditorAlongToAnotherWindow)
-{
-    view.attachToWindow (firstPort);
-    auto* const before = editor();
-    view.attachToWindow (secondPort);
-
-    EXPECT_EQ (editor(), before);
-    EXPECT_THAT (first.log, ElementsAre ("in", "out"));
-    EXPECT_EQ (first.watcher, nullptr);
-    EXPECT_EQ (before->getParentComponent(), second.child);
-}
-
 TEST_F (JuceCustomUIViewTest, OutlivesAWindowThatIsTakenAwayFirst)
 {
     view.attachToWindow (firstPort);
@@ -263,23 +217,6 @@ TEST_F (JuceCustomUIViewTest, OutlivesAWindowThatIsTakenAwayFirst)
     view.attachToWindow (0);
     EXPECT_THAT (first.log, ElementsAre ("in", "out"));
     EXPECT_EQ (processor.getActiveEditor(), nullptr);
-}
-
-TEST_F (JuceCustomUIViewTest, SurvivesAWindowThatIsNone)
-{
-    view.attachToWindow (unknownPort);
-    EXPECT_FALSE (editor()->isShowing());
-    EXPECT_THAT (viewRectangle (view), ElementsAre (0, 0, 300, 400));
-
-    view.attachToWindow (firstPort);
-    EXPECT_EQ (editor()->getParentComponent(), first.child);
-}
-
-TEST_F (JuceCustomUIViewTest, SendsKeysOnAndCallsThemUsed)
-{
-    view.attachToWindow (firstPort);
-    EXPECT_TRUE (first.child->keyPressed (juce::KeyPress (juce::KeyPress::spaceKey)));
-    EXPECT_THAT (first.log, ElementsAre ("in", "spacebar"));
 }
 
 TEST_F (JuceCustomUIViewTest, DescribesTheTokenOfANewSize)

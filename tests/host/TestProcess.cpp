@@ -35,62 +35,19 @@ TestProcess::TestProcess()
     testProcessLog.sampleRateAtConstruction = gProcessGroup == nullptr ? 0 : gProcessGroup->GetSampleRate();
 }
 
-TestProcess::~TestProcess()
-{
-    --testProcessLog.numAlive;
-}
-
-/** With the index, so that a test can let one process fail. */
-std::int32_t TestProcess::call (const char* name)
+std::int32_t TestProcess::call (const std::string& name) const
 {
     return testProcessLog.call (name + std::to_string (GetProcessIndex()));
+}
+
+std::int32_t TestProcess::call (const std::string& name, std::int32_t value) const
+{
+    return testProcessLog.call (name + std::to_string (GetProcessIndex()) + "=" + std::to_string (value));
 }
 
 void TestProcess::Initialize()
 {
     throwIfFailed (call ("Initialize"));
-}
-
-std::int32_t TestProcess::Free()
-{
-    return call ("Free");
-}
-
-std::int32_t TestProcess::ReleaseMIDI()
-{
-    return call ("ReleaseMIDI");
-}
-
-std::int32_t TestProcess::SetSampleRate (std::int32_t newSampleRate)
-{
-    return testProcessLog.call ("SetSampleRate" + std::to_string (GetProcessIndex()) + "="
-                                + std::to_string (newSampleRate));
-}
-
-std::int32_t TestProcess::SetDitherBits (std::int32_t numBits)
-{
-    return testProcessLog.call ("SetDitherBits" + std::to_string (GetProcessIndex()) + "="
-                                + std::to_string (numBits));
-}
-
-std::int32_t TestProcess::SetTimeCodeInfo (const SFicTimeCodeInfo*)
-{
-    return call ("SetTimeCodeInfo");
-}
-
-std::int32_t TestProcess::SetLocationTempo (std::int32_t, std::int32_t)
-{
-    return call ("SetLocationTempo");
-}
-
-std::int32_t TestProcess::BoundAutoSegment (std::int32_t, std::int32_t)
-{
-    return call ("BoundAutoSegment");
-}
-
-std::int32_t TestProcess::Prime (unsigned char)
-{
-    return call ("Prime");
 }
 
 std::int32_t TestProcess::GetChunk (std::uint32_t, SFicPlugInChunk* chunk)
@@ -101,11 +58,6 @@ std::int32_t TestProcess::GetChunk (std::uint32_t, SFicPlugInChunk* chunk)
         chunk->chunkSize = ficChunkHeaderSize;
 
     return result;
-}
-
-std::int32_t TestProcess::SetChunk (std::uint32_t, const SFicPlugInChunk*)
-{
-    return call ("SetChunk");
 }
 
 std::int32_t TestProcess::CompareActiveChunk (const SFicPlugInChunk*, unsigned char* same)
@@ -124,15 +76,4 @@ TestProcessType::TestProcessType (std::uint32_t newCode, std::int32_t newPlugInT
     : code (newCode)
 {
     plugInType = newPlugInType;
-}
-
-std::int32_t TestProcessType::GetPlugInOSType (std::uint32_t* type)
-{
-    *type = code;
-    return ficSuccess;
-}
-
-CProcess* TestProcessType::CreateCDSPProcess()
-{
-    return makesProcesses ? new TestProcess : nullptr;
 }

@@ -31,27 +31,29 @@ struct TestProcessLog
 extern TestProcessLog testProcessLog;
 void resetTestProcesses();
 
+/** Each call is noted with the process's index, so that a test can let one process fail. */
 class TestProcess : public virtual CEffectProcess
 {
 public:
     TestProcess();
-    ~TestProcess() override;
+    ~TestProcess() override { --testProcessLog.numAlive; }
 
     void Initialize() override;
-    std::int32_t Free() override;
-    std::int32_t ReleaseMIDI() override;
-    std::int32_t SetSampleRate (std::int32_t newSampleRate) override;
-    std::int32_t SetDitherBits (std::int32_t numBits) override;
-    std::int32_t SetTimeCodeInfo (const SFicTimeCodeInfo* info) override;
-    std::int32_t SetLocationTempo (std::int32_t location, std::int32_t tempo) override;
-    std::int32_t BoundAutoSegment (std::int32_t start, std::int32_t end) override;
-    std::int32_t Prime (unsigned char on) override;
-    std::int32_t GetChunk (std::uint32_t chunkID, SFicPlugInChunk* chunk) override;
-    std::int32_t SetChunk (std::uint32_t chunkID, const SFicPlugInChunk* chunk) override;
-    std::int32_t CompareActiveChunk (const SFicPlugInChunk* chunk, unsigned char* same) override;
+    std::int32_t Free() override { return call ("Free"); }
+    std::int32_t ReleaseMIDI() override { return call ("ReleaseMIDI"); }
+    std::int32_t SetSampleRate (std::int32_t rate) override { return call ("SetSampleRate", rate); }
+    std::int32_t SetDitherBits (std::int32_t bits) override { return call ("SetDitherBits", bits); }
+    std::int32_t SetTimeCodeInfo (const SFicTimeCodeInfo*) override { return call ("SetTimeCodeInfo"); }
+    std::int32_t SetLocationTempo (std::int32_t, std::int32_t) override { return call ("SetLocationTempo"); }
+    std::int32_t BoundAutoSegment (std::int32_t, std::int32_t) override { return call ("BoundAutoSegment"); }
+    std::int32_t Prime (unsigned char) override { return call ("Prime"); }
+    std::int32_t GetChunk (std::uint32_t, SFicPlugInChunk* chunk) override;
+    std::int32_t SetChunk (std::uint32_t, const SFicPlugInChunk*) override { return call ("SetChunk"); }
+    std::int32_t CompareActiveChunk (const SFicPlugInChunk*, unsigned char* same) override;
 
 private:
-    std::int32_t call (const char* name);
+    std::int32_t call (const std::string& name) const;
+    std::int32_t call (const std::string& name, std::int32_t value) const;
 };
 
 /** One that can announce itself to the host's engine. */
@@ -67,12 +69,16 @@ class TestProcessType : public CProcessType
 public:
     TestProcessType (std::uint32_t newCode, std::int32_t newPlugInType);
 
-    std::int32_t GetPlugInOSType (std::uint32_t* type) override;
+    std::int32_t GetPlugInOSType (std::uint32_t* type) override
+    {
+        *type = code;
+        return ficSuccess;
+    }
 
     bool makesProcesses = true;
 
 protected:
-    CProcess* CreateCDSPProcess() override;
+    CProcess* CreateCDSPProcess() override { return makesProcesses ? new TestProcess : nullptr; }
 
 private:
     std::uint32_t code;
