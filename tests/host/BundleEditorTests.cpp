@@ -198,24 +198,18 @@ TEST_F (BundleEditor, TellsTheHostOfAHoldFromItsBeginToItsEnd)
     EXPECT_THAT (kindsOf (swapLR), testing::IsEmpty());
 }
 
-TEST_F (BundleEditor, KeepsOneTouchWhileTheHostSetsTheSameControl)
+TEST_F (BundleEditor, KeepsOneTouchWhileTheHostSetsThatControlAndAnother)
 {
     holdWidthKnob();
-    EXPECT_EQ (pi.SetControlValue (typeCode, instance->getIndex(), stereoWidth, highest), ficSuccess);
-    EXPECT_THAT (kindsOf (stereoWidth), testing::Contains (FIC_TOKEN_TOUCH).Times (1));
-    screen.pressMouse (false);
-    EXPECT_TRUE (runUntil ([&] { return hasLetGo(); }));
-    EXPECT_THAT (kindsOf (stereoWidth), testing::Contains (FIC_TOKEN_TOUCH).Times (2));
-}
 
-TEST_F (BundleEditor, HoldsOneControlWhileTheHostSetsAnother)
-{
-    holdWidthKnob();
-    EXPECT_EQ (pi.SetControlValue (typeCode, instance->getIndex(), swapLR, highest), ficSuccess);
+    for (const auto control : { stereoWidth, swapLR })
+        EXPECT_EQ (pi.SetControlValue (typeCode, instance->getIndex(), control, highest), ficSuccess);
+
     EXPECT_THAT (kindsOf (swapLR), testing::ElementsAre (FIC_TOKEN_TOUCH, FIC_TOKEN_VALUE, FIC_TOKEN_TOUCH));
     EXPECT_THAT (kindsOf (stereoWidth), testing::Contains (FIC_TOKEN_TOUCH).Times (1));
     screen.pressMouse (false);
     EXPECT_TRUE (runUntil ([&] { return hasLetGo(); }));
+    EXPECT_THAT (kindsOf (stereoWidth), testing::Contains (FIC_TOKEN_TOUCH).Times (2));
     EXPECT_EQ (instance->getValue (swapLR), highest);
 }
 

@@ -196,73 +196,61 @@ TEST_F (CEffectGroupTest, BuildsTheNameOfItsInstancesOnce)
     gProcessGroup = &group;
 }
 
-struct SpecCase
-{
-    const char* name;
-    std::uint32_t manufacturerID, typeID;
-    std::int32_t inputs, outputs;
-    std::int32_t result;
-    std::uint32_t relatedProduct, relatedType; // in the spec afterwards
-};
-
 constexpr auto givenProduct = fourCC ("givn");
 
-const SpecCase specCases[] = {
-    { "Stereo", maker, mono, 2, 2, ficSuccess, product, stereo },
-    { "Mono", maker, stereo, 1, 1, ficSuccess, fourCC ("PrdM"), mono },
-    { "MonoToStereo", maker, stereo, 1, 2, ficSuccess, product, monoToStereo },
-    { "OwnCounts", maker, monoToStereo, -3, 9, ficSuccess, product, monoToStereo },
-    { "NoneOfTheKind", maker, stereo, 2, 1, ficNoRelatedType, givenProduct, stereo },
-    { "ThreeInputs", maker, stereo, 3, 2, ficSuccess, givenProduct, stereo },
-    { "NoOutputs", maker, stereo, 2, 0, ficSuccess, givenProduct, stereo },
-    { "UnknownType", maker, fourCC ("none"), 2, 2, ficNoRelatedType, givenProduct, fourCC ("none") },
-    { "UnknownTypeWithThree", maker, fourCC ("none"), 3, 3, ficNoRelatedType, givenProduct, fourCC ("none") },
-    { "OtherMaker", fourCC ("othr"), stereo, 2, 2, ficNoRelatedType, givenProduct, stereo },
-    { "OtherMakerWithThree", fourCC ("othr"), stereo, 3, 3, ficSuccess, givenProduct, stereo },
-};
-
-using CEffectGroupRelated = WithRows<CEffectGroupTest, SpecCase>;
-
-INSTANTIATE_ROWS (CEffectGroupRelated, specCases);
-
-TEST_P (CEffectGroupRelated, TypeIsFoundByChannels)
+TEST_F (CEffectGroupTest, FindsRelatedTypesByChannels)
 {
-    SFicPlugInSpec spec { GetParam().manufacturerID, givenProduct, GetParam().typeID };
-    EXPECT_EQ (group.GetRelatedProcessType (&spec, GetParam().inputs, GetParam().outputs), GetParam().result);
-    EXPECT_EQ (spec.manufacturerID, GetParam().manufacturerID);
-    EXPECT_EQ (spec.productID, GetParam().relatedProduct);
-    EXPECT_EQ (spec.typeID, GetParam().relatedType);
+    constexpr auto monoProduct = fourCC ("PrdM"), none = fourCC ("none"), other = fourCC ("othr");
+
+    struct Row
+    {
+        std::uint32_t manufacturerID, typeID;
+        std::int32_t inputs, outputs, result;
+        std::uint32_t relatedProduct, relatedType; // in the spec afterwards
+    };
+
+    for (const auto& row : { Row { maker, mono, 2, 2, ficSuccess, product, stereo },
+                             { maker, stereo, 1, 1, ficSuccess, monoProduct, mono },
+                             { maker, stereo, 1, 2, ficSuccess, product, monoToStereo },
+                             { maker, monoToStereo, -3, 9, ficSuccess, product, monoToStereo },
+                             { maker, stereo, 2, 1, ficNoRelatedType, givenProduct, stereo },
+                             { maker, stereo, 3, 2, ficSuccess, givenProduct, stereo },
+                             { maker, stereo, 2, 0, ficSuccess, givenProduct, stereo },
+                             { maker, none, 2, 2, ficNoRelatedType, givenProduct, none },
+                             { maker, none, 3, 3, ficNoRelatedType, givenProduct, none },
+                             { other, stereo, 2, 2, ficNoRelatedType, givenProduct, stereo },
+                             { other, stereo, 3, 3, ficSuccess, givenProduct, stereo } })
+    {
+        SFicPlugInSpec spec { row.manufacturerID, givenProduct, row.typeID };
+        EXPECT_EQ (group.GetRelatedProcessType (&spec, row.inputs, row.outputs), row.result)
+            << row.typeID << " " << row.inputs << " " << row.outputs;
+        EXPECT_EQ (std::tuple (spec.manufacturerID, spec.productID, spec.typeID),
+                   std::tuple (row.manufacturerID, row.relatedProduct, row.relatedType));
+    }
 }
 
-struct FormatCase
+TEST_F (CEffectGroupTest, FindsRelatedTypesByKindAndFormatOrElseByCounts)
 {
-    const char* name;
-    std::int32_t plugInType, inputs, outputs, inputFormat, outputFormat;
-    std::int32_t result;
-    std::uint32_t relatedType;
-};
+    struct Row
+    {
+        std::int32_t plugInType, inputs, outputs, inputFormat, outputFormat, result;
+        std::uint32_t relatedType;
+    };
 
-const FormatCase formatCases[] = {
-    { "ByFormatsWhateverTheCounts", nativeType, 7, 7, stemFormatMono, stemFormatMono, ficSuccess, mono },
-    { "ByCountsWithoutInputFormat", nativeType, 1, 2, -1, stemFormatMono, ficSuccess, monoToStereo },
-    { "ByCountsWithoutOutputFormat", nativeType, 1, 1, stemFormatStereo, -1, ficSuccess, mono },
-    { "OfAnotherKind", offlineType, 2, 1, -1, -1, ficSuccess, fourCC ("offl") },
-    { "NotOfThisKind", offlineType, 2, 2, -1, -1, ficNoRelatedType, stereo },
-    { "NoSuchFormat", nativeType, 2, 2, 5, 5, ficNoRelatedType, stereo },
-};
-
-using CEffectGroupFormat = WithRows<CEffectGroupTest, FormatCase>;
-
-INSTANTIATE_ROWS (CEffectGroupFormat, formatCases);
-
-TEST_P (CEffectGroupFormat, FindsARelatedType)
-{
-    const auto& each = GetParam();
-    SFicPlugInSpec spec { maker, givenProduct, stereo };
-    EXPECT_EQ (group.GetRelatedProcessTypeOfType (
-                   &spec, each.plugInType, each.inputs, each.outputs, each.inputFormat, each.outputFormat),
-               each.result);
-    EXPECT_EQ (spec.typeID, each.relatedType);
+    for (const auto& row : { Row { nativeType, 7, 7, stemFormatMono, stemFormatMono, ficSuccess, mono },
+                             { nativeType, 1, 2, -1, stemFormatMono, ficSuccess, monoToStereo },
+                             { nativeType, 1, 1, stemFormatStereo, -1, ficSuccess, mono },
+                             { offlineType, 2, 1, -1, -1, ficSuccess, fourCC ("offl") },
+                             { offlineType, 2, 2, -1, -1, ficNoRelatedType, stereo },
+                             { nativeType, 2, 2, 5, 5, ficNoRelatedType, stereo } })
+    {
+        SFicPlugInSpec spec { maker, givenProduct, stereo };
+        EXPECT_EQ (group.GetRelatedProcessTypeOfType (
+                       &spec, row.plugInType, row.inputs, row.outputs, row.inputFormat, row.outputFormat),
+                   row.result);
+        EXPECT_EQ (spec.typeID, row.relatedType)
+            << row.plugInType << " " << row.inputs << " " << row.inputFormat;
+    }
 }
 
 TEST_F (CEffectGroupTest, RelatesNothingToNothing)

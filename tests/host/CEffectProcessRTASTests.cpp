@@ -4,12 +4,12 @@
 // Ports, connection formats and block lengths of a native process.
 
 #include "host/CEffectTypeRTAS.h"
-#include "host/CPluginControl_OnOff.h"
 #include "host/FakeFramework.h"
 #include "host/FourCC.h"
 #include "host/Gestalts.h"
 #include "host/RenderingProcess.h"
 #include "host/UDigiLibAccess.h"
+#include "support/NamedRows.h"
 
 #include <gtest/gtest.h>
 
@@ -69,19 +69,22 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P (Directions,
-                          Ports,
-                          testing::Values (Direction { "Inputs",
-                                                       &CProcessOperations::ConnectInput,
-                                                       &CProcessOperations::DisconnectInput,
-                                                       &CProcessOperations::IsInputPortConnected,
-                                                       -7100 },
-                                           Direction { "Outputs",
-                                                       &CProcessOperations::ConnectOutput,
-                                                       &CProcessOperations::DisconnectOutput,
-                                                       &CProcessOperations::IsOutputPortConnected,
-                                                       -7101 }),
-                          [] (const auto& testInfo) { return testInfo.param.name; });
+using Operations = CProcessOperations;
+
+constexpr Direction directions[] = {
+    { "Inputs",
+      &Operations::ConnectInput,
+      &Operations::DisconnectInput,
+      &Operations::IsInputPortConnected,
+      -7100 },
+    { "Outputs",
+      &Operations::ConnectOutput,
+      &Operations::DisconnectOutput,
+      &Operations::IsOutputPortConnected,
+      -7101 },
+};
+
+INSTANTIATE_ROWS (Ports, directions);
 } // namespace
 
 TEST_P (Ports, ConnectAndDisconnectWithTheirCodes)
@@ -179,13 +182,13 @@ TEST_F (CEffectProcessRTASTest, TheNumberOfPortsIsFixedOnceTheyAreMade)
     process.SetMaxRTASConnections (4);
     EXPECT_EQ (process.ConnectInput (2, connection), 0);
     EXPECT_EQ (process.ConnectInput (3, connection), -7106);
-}
 
-TEST_F (CEffectProcessRTASTest, ANumberOfPortsBelowZeroGivesNone)
-{
-    process.SetMaxRTASConnections (-5);
-    process.Initialize();
-    EXPECT_EQ (process.ConnectInput (1, connection), -7106);
+    RenderingProcess withoutPorts;
+    withoutPorts.SetProcessType (&type);
+    withoutPorts.SetMaxRTASConnections (-5);
+    withoutPorts.Initialize();
+    EXPECT_EQ (withoutPorts.ConnectInput (1, connection), -7106);
+    withoutPorts.Free();
 }
 
 TEST_F (CEffectProcessRTASTest, ConnectionFormats)

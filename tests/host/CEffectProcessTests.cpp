@@ -65,22 +65,6 @@ TEST (CEffectProcess, TakesItsLayoutFromTheType)
     EXPECT_EQ (process.stemFormats.sideChain, 0);
 }
 
-TEST (CEffectProcess, IsKnownToTheHostByTheGroupsName)
-{
-    FakeTokenHost host;
-    CEffectGroup group;
-    group.DefineManufacturerNamesAndID ("Maker\nMk", fourCC ("mkr1"));
-    group.DefinePlugInNamesAndVersion ("Effect\nEff", 0x00010102);
-    CEffectType type (fourCC ("typ1"), fourCC ("prod"), nativePlugInType, 1);
-    type.SetProcessGroup (&group, 1);
-
-    ControlledProcess process;
-    process.SetProcessType (&type);
-    process.Initialize();
-    EXPECT_EQ (host.calls.front(),
-               "reserve 0:Plug-Ins/Maker/Effect/2/Inst" + std::to_string (gInstanciationNum));
-}
-
 TEST (CEffectProcess, StartsWithTheRatesOfTheGroup)
 {
     CEffectGroup group;

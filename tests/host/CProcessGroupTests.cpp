@@ -136,18 +136,6 @@ TEST_F (CProcessGroupTest, NamesUnknownTypesAndProcesses)
     EXPECT_EQ (testProcessLog.numAlive, 1);
 }
 
-TEST_F (CProcessGroupTest, GivesTheLowestFreeIndex)
-{
-    EXPECT_EQ (instantiate(), 1);
-    EXPECT_EQ (instantiate(), 2);
-    EXPECT_EQ (instantiate (otherCode), 1);
-    EXPECT_EQ (group.FreeProcess (nativeCode, 1), ficSuccess);
-    EXPECT_EQ (instantiate(), 1);
-    EXPECT_EQ (instantiate(), 3);
-    EXPECT_EQ (group.InstantiateProcess (nativeCode, nullptr), ficSuccess);
-    EXPECT_NE (group.native->GetProcessFromIndex (4), nullptr);
-}
-
 TEST_F (CProcessGroupTest, HoldsHostObjectsAndResourcesWhileThereAreInstances)
 {
     const auto numMadeBefore = gInstanciationNum;

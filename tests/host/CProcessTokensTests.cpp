@@ -29,74 +29,49 @@ constexpr std::int32_t widthID = TokenFixture::widthID;
 constexpr std::int32_t value = 0x12345678;
 
 /** The bytes of a token: six numbers, then what follows them up to its length. */
-struct BytesRow
+TEST (CProcessTokens, HaveExactBytes)
 {
-    const char* name;
-    std::function<void (TokenFixture&)> act;
-    std::size_t which; // of the tokens that are sent
-    std::int32_t nameID;
-    std::uint32_t type, subType;
-    std::int16_t length;
-    std::vector<unsigned char> payload;
-};
+    struct Row
+    {
+        std::size_t which; // of the tokens that are sent
+        std::int32_t nameID;
+        std::uint32_t type, subType;
+        std::int16_t length;
+        std::vector<unsigned char> payload;
+    };
 
-using CProcessTokenBytes = testing::TestWithParam<BytesRow>;
-
-TEST_P (CProcessTokenBytes, AreExact)
-{
-    const auto& row = GetParam();
     TokenFixture f;
     f.initialize();
-    row.act (f);
-    ASSERT_GT (f.host.dispatched.size(), row.which);
-
-    constexpr std::size_t unusedOffset = 32, lengthOffset = 36;
-    std::vector<unsigned char> expected (unusedOffset);
-    const std::array<std::uint32_t, 6> numbers {
-        static_cast<std::uint32_t> (row.nameID), row.type, row.subType, fourCC ("DGDN"), fourCC ("Ctrl"),
-        static_cast<std::uint32_t> (row.nameID)
-    };
-    std::memcpy (expected.data(), numbers.data(), sizeof (numbers));
-
-    std::vector<unsigned char> sent (static_cast<std::size_t> (row.length));
-    std::memcpy (sent.data(), &f.host.dispatched[row.which], sent.size());
-
-    EXPECT_TRUE (std::equal (expected.begin(), expected.end(), sent.begin()));
-
-    std::int16_t length = 0;
-    std::memcpy (&length, sent.data() + lengthOffset, sizeof (length));
-    EXPECT_EQ (length, row.length);
-    EXPECT_EQ (std::vector<unsigned char> (sent.begin() + ficTokenHeaderLength, sent.end()), row.payload);
-}
-
-void touch (TokenFixture& f)
-{
     f.process.TouchControl (1);
     f.process.ReleaseControl (1);
-}
-
-void setValue (TokenFixture& f)
-{
     f.process.SetControlValue (1, value);
-}
-
-void updateValue (TokenFixture& f)
-{
     f.process.UpdateControlValue (1, value);
+    ASSERT_EQ (f.host.dispatched.size(), 8u);
+
+    // A value's bytes in host order, on the machines that this is built for.
+    const std::vector<unsigned char> bytes { 0x78, 0x56, 0x34, 0x12 };
+    constexpr auto set = fourCC ("SETV"), current = fourCC ("CURV");
+
+    for (const auto& [which, nameID, type, subType, length, payload] :
+         std::vector<Row> { { 0, widthID, set, fourCC ("CTCH"), 44, { 1, 0, 1, 0, 0, 0 } },
+                            { 1, FakeTokenHost::groupNameID, set, fourCC ("GIAC"), 38, {} },
+                            { 2, widthID, set, fourCC ("CTCH"), 44, { 0, 0, 1, 0, 0, 0 } },
+                            { 5, widthID, set, fourCC ("CAVL"), 42, bytes },
+                            { 7, widthID, current, fourCC ("CAVL"), 42, bytes } })
+    {
+        SCOPED_TRACE (which);
+        const std::array<std::uint32_t, 6> numbers {
+            static_cast<std::uint32_t> (nameID), type, subType, fourCC ("DGDN"), fourCC ("Ctrl"),
+            static_cast<std::uint32_t> (nameID)
+        };
+        std::vector<unsigned char> sent (static_cast<std::size_t> (length));
+        std::memcpy (sent.data(), &f.host.dispatched[which], sent.size());
+        EXPECT_EQ (std::memcmp (sent.data(), numbers.data(), sizeof (numbers)), 0);
+        EXPECT_THAT (std::vector (sent.begin() + sizeof (numbers), sent.begin() + 36), testing::Each (0));
+        EXPECT_EQ (sent[36] + 256 * sent[37], length);
+        EXPECT_EQ (std::vector (sent.begin() + ficTokenHeaderLength, sent.end()), payload);
+    }
 }
-
-// A value's bytes in host order, on the machines that this is built for.
-const std::vector<unsigned char> valueBytes { 0x78, 0x56, 0x34, 0x12 };
-
-const std::vector<BytesRow> bytesRows {
-    { "Touch", touch, 0, widthID, fourCC ("SETV"), fourCC ("CTCH"), 44, { 1, 0, 1, 0, 0, 0 } },
-    { "Grab", touch, 1, FakeTokenHost::groupNameID, fourCC ("SETV"), fourCC ("GIAC"), 38, {} },
-    { "Release", touch, 2, widthID, fourCC ("SETV"), fourCC ("CTCH"), 44, { 0, 0, 1, 0, 0, 0 } },
-    { "Set", setValue, 2, widthID, fourCC ("SETV"), fourCC ("CAVL"), 42, valueBytes },
-    { "Current", updateValue, 0, widthID, fourCC ("CURV"), fourCC ("CAVL"), 42, valueBytes },
-};
-
-INSTANTIATE_ROWS (CProcessTokenBytes, bytesRows);
 
 /** T and R touch and release, V sets a value; the tokens are t for a touch, g a grab, r a release, v a value.
  */

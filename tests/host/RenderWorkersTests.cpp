@@ -31,11 +31,16 @@ protected:
         instance.globals.emptyOutput = &emptyOutput;
         instance.globals.quantum = 512;
 
-        for (std::size_t port = 0; port < samples.size(); ++port)
-            instance.setPort (port, &samples[port]);
+        connect();
     }
 
     ~RenderWorkers() override { process.Free(); }
+
+    void connect()
+    {
+        for (std::size_t port = 0; port < samples.size(); ++port)
+            instance.setPort (port, &samples[port]);
+    }
 
     void render (FicWorkerProc worker = CEffectProcessRTAS::RenderAudioWorker)
     {
@@ -109,8 +114,7 @@ TEST_F (RenderWorkers, AnExceptionEndsTheBlockAndNoMore)
 
     for (auto* const worker : workers)
     {
-        for (std::size_t port = 0; port < samples.size(); ++port)
-            instance.setPort (port, &samples[port]);
+        connect();
 
         throwsStandard = ! throwsStandard;
         render (worker);
@@ -129,8 +133,7 @@ TEST_F (RenderWorkers, AnExceptionEndsTheBlockAndNoMore)
 
     process.onRender = nullptr;
 
-    for (std::size_t port = 0; port < samples.size(); ++port)
-        instance.setPort (port, &samples[port]);
+    connect();
 
     render();
     EXPECT_EQ (process.latest.outputs[0], &samples[2]);

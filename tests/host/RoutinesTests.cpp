@@ -9,7 +9,6 @@
 #include "host/HostGlobals.h"
 #include "host/RoutineArguments.h"
 #include "host/Routines.h"
-#include "support/NamedRows.h"
 
 #include <gtest/gtest.h>
 
@@ -79,21 +78,24 @@ std::int32_t call (const RoutineRow& row, ArgumentMaker& maker)
     return row.call (routine, maker);
 }
 
+/** Stands for the plug-in, with that much of it inside the critical section. */
 class GroupInUse
 {
 public:
-    explicit GroupInUse (CProcessGroup* group) { gProcessGroup = group; }
-    ~GroupInUse() { gProcessGroup = nullptr; }
-};
+    explicit GroupInUse (CProcessGroup& group, std::int32_t scope = 99)
+    {
+        gProcessGroup = &group;
+        CProcessGroupInterface::sCriticalSectionScope = scope;
+    }
 
-class ScopeInUse
-{
-public:
-    explicit ScopeInUse (std::int32_t scope) { CProcessGroupInterface::sCriticalSectionScope = scope; }
-    ~ScopeInUse() { CProcessGroupInterface::sCriticalSectionScope = before; }
+    ~GroupInUse()
+    {
+        gProcessGroup = nullptr;
+        CProcessGroupInterface::sCriticalSectionScope = scopeBefore;
+    }
 
 private:
-    const std::int32_t before = CProcessGroupInterface::sCriticalSectionScope;
+    const std::int32_t scopeBefore = CProcessGroupInterface::sCriticalSectionScope;
 };
 
 TEST (Routines, LeadToTheOperationOfTheirRowOrHaveAFixedAnswer)
@@ -102,7 +104,7 @@ TEST (Routines, LeadToTheOperationOfTheirRowOrHaveAFixedAnswer)
     {
         SCOPED_TRACE (row.name);
         RecordingGroup group;
-        const GroupInUse inUse (&group);
+        const GroupInUse inUse (group);
         ArgumentMaker maker;
 
         const auto result = call (row, maker);
@@ -144,96 +146,71 @@ TEST (RoutineTable, SaysWhichSelectorsAHostMaySend)
             << selector;
 }
 
-struct ExceptionCase
+using Thrower = void (*)();
+
+TEST (Routines, TurnExceptionsIntoResultsAndLeaveTheCriticalSection)
 {
-    const char* name;
-    std::function<void()> thrower;
-    std::int32_t result;
-};
-
-const ExceptionCase exceptionCases[] = {
-    { "HostError", [] { throw CDAEError (ficUnknownProcess); }, ficUnknownProcess },
-    { "NoMemory", [] { throw std::bad_alloc(); }, ficOutOfMemory },
-    { "NoArray", [] { throw std::bad_array_new_length(); }, ficOutOfMemory },
-    { "StandardException", [] { throw std::runtime_error ("lost"); }, ficUnknownException },
-    { "Number", [] { throw 1; }, ficUnknownException },
-};
-
-using RoutineExceptions = testing::TestWithParam<ExceptionCase>;
-
-INSTANTIATE_ROWS (RoutineExceptions, exceptionCases);
-
-TEST_P (RoutineExceptions, BecomeResultsAndLeaveTheCriticalSection)
-{
-    FakeFramework framework;
-    RecordingGroup group;
-    const GroupInUse inUse (&group);
-    const ScopeInUse scope (99);
-    group.CProcessGroup::Initialize();
-    group.beforeResult = [&]
+    for (const auto& [thrower, result] :
+         { std::pair<Thrower, std::int32_t> { [] { throw CDAEError (ficUnknownProcess); },
+                                              ficUnknownProcess },
+           { [] { throw std::bad_alloc(); }, ficOutOfMemory },
+           { [] { throw std::bad_array_new_length(); }, ficOutOfMemory },
+           { [] { throw std::runtime_error ("lost"); }, ficUnknownException },
+           { [] { throw 1; }, ficUnknownException } })
     {
-        EXPECT_EQ (framework.criticalSectionDepth, 1);
-        GetParam().thrower();
-    };
+        FakeFramework framework;
+        RecordingGroup group;
+        const GroupInUse inUse (group);
+        group.CProcessGroup::Initialize();
+        group.beforeResult = [&, throwIt = thrower]
+        {
+            EXPECT_EQ (framework.criticalSectionDepth, 1);
+            throwIt();
+        };
 
-    for (const auto& row : routineRows)
-    {
-        if (row.isFixed() || row.selector == ficSelectorGetAutoType)
-            continue;
+        for (const auto& row : routineRows)
+        {
+            if (row.isFixed() || row.selector == ficSelectorGetAutoType)
+                continue;
 
-        ArgumentMaker maker;
-        EXPECT_EQ (call (row, maker), GetParam().result) << row.name;
-        EXPECT_EQ (framework.criticalSectionDepth, 0) << row.name;
+            ArgumentMaker maker;
+            EXPECT_EQ (call (row, maker), result) << row.name;
+            EXPECT_EQ (framework.criticalSectionDepth, 0) << row.name;
+        }
     }
 }
 
-struct ScopeCase
-{
-    const char* name;
-    std::int32_t scope;
-    bool usual, late, latest;
-};
-
-const ScopeCase scopeCases[] = {
-    { "None", 0, false, false, false },      { "Least", 1, true, false, false },
-    { "BelowFull", 98, true, false, false }, { "Full", 99, true, true, false },
-    { "AboveFull", 100, true, true, true },
-};
-
-using CriticalSectionScope = testing::TestWithParam<ScopeCase>;
-
-INSTANTIATE_ROWS (CriticalSectionScope, scopeCases);
-
-TEST_P (CriticalSectionScope, DecidesWhichRoutinesRunInside)
+TEST (Routines, RunInsideTheCriticalSectionAsItsScopeSays)
 {
     const std::set<std::int32_t> late {
         ficSelectorDraw, ficSelectorSetViewPort, ficSelectorProcessData, ficSelectorReleaseMIDI
     };
 
-    FakeFramework framework;
-    RecordingGroup group;
-    const GroupInUse inUse (&group);
-    const ScopeInUse scope (GetParam().scope);
-    group.CProcessGroup::Initialize();
-
-    for (const auto& row : routineRows)
+    for (const std::int32_t scope : { 0, 1, 98, 99, 100 })
     {
-        framework.numTimesEntered = 0;
-        ArgumentMaker maker;
-        call (row, maker);
+        FakeFramework framework;
+        RecordingGroup group;
+        const GroupInUse inUse (group, scope);
+        group.CProcessGroup::Initialize();
 
-        const auto expected = row.selector == ficSelectorGetAutoType ? GetParam().latest
-                              : late.contains (row.selector)         ? GetParam().late
-                                                                     : GetParam().usual;
-        EXPECT_EQ (framework.numTimesEntered, expected && ! row.isFixed() ? 1 : 0) << row.name;
+        for (const auto& row : routineRows)
+        {
+            framework.numTimesEntered = 0;
+            ArgumentMaker maker;
+            call (row, maker);
+            const int leastScope = row.selector == ficSelectorGetAutoType ? 100
+                                   : late.contains (row.selector)         ? 99
+                                                                          : 1;
+            EXPECT_EQ (framework.numTimesEntered, scope >= leastScope && ! row.isFixed())
+                << row.name << " " << scope;
+        }
     }
 }
 
-TEST (CriticalSectionScope, WithoutASectionRoutinesRunAllTheSame)
+TEST (Routines, RunWithoutACriticalSectionAllTheSame)
 {
     RecordingGroup group;
-    const GroupInUse inUse (&group);
-    const ScopeInUse scope (100);
+    const GroupInUse inUse (group, 100);
     ArgumentMaker maker;
     EXPECT_EQ (call (routineRows[0], maker), groupResult);
 }
