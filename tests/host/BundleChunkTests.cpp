@@ -30,21 +30,13 @@ std::string numberEntry (const std::string& name, std::uint32_t value)
     return body;
 }
 
-class BundleChunks : public BundleFixture
+class BundleChunks : public BundleWithInstance
 {
 protected:
     void SetUp() override
     {
-        start();
-        instance = insert();
-        ASSERT_NE (instance, nullptr);
+        BundleWithInstance::SetUp();
         instance->setValue (stereoWidth, 1 << 30);
-    }
-
-    void TearDown() override
-    {
-        instance.reset();
-        BundleFixture::TearDown();
     }
 
     std::int32_t set (ChunkRecord& chunk, std::uint32_t chunkID) const
@@ -64,8 +56,6 @@ protected:
         std::copy (body.begin(), body.end(), chunk.body());
         return chunk;
     }
-
-    std::unique_ptr<refhost::HostInstance> instance;
 };
 
 TEST_F (BundleChunks, AreListedInTheirOrder)

@@ -47,6 +47,26 @@ protected:
     const refhost::HostRoutines& pi;
 };
 
+/** With one instance in a plug-in that is started. */
+class BundleWithInstance : public BundleFixture
+{
+protected:
+    void SetUp() override
+    {
+        start();
+        instance = insert();
+        ASSERT_NE (instance, nullptr);
+    }
+
+    void TearDown() override
+    {
+        instance.reset();
+        BundleFixture::TearDown();
+    }
+
+    std::unique_ptr<refhost::HostInstance> instance;
+};
+
 /** Two channels of samples for one block, and where they go. */
 class BlockOfAudio
 {

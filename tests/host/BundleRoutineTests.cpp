@@ -41,22 +41,9 @@ bool isOneOf (const std::int32_t (&selectors)[size], const RoutineRow& row)
     return std::find (std::begin (selectors), std::end (selectors), row.selector) != std::end (selectors);
 }
 
-class BundleRoutines : public BundleFixture
+class BundleRoutines : public BundleWithInstance
 {
 protected:
-    void SetUp() override
-    {
-        start();
-        instance = insert();
-        ASSERT_NE (instance, nullptr);
-    }
-
-    void TearDown() override
-    {
-        instance.reset();
-        BundleFixture::TearDown();
-    }
-
     std::int32_t call (const RoutineRow& row, ArgumentMaker& maker) const
     {
         FicRoutine routine = nullptr;
@@ -82,8 +69,6 @@ protected:
 
         return maker;
     }
-
-    std::unique_ptr<refhost::HostInstance> instance;
 };
 
 TEST_F (BundleRoutines, HaveGaps)
@@ -271,15 +256,17 @@ TEST_F (BundleRoutines, NameControlsInEveryLength)
         const char* name;
     };
 
-    for (const auto& [control, length, expected] : std::vector<Row> { { masterBypass, 31, "Master Bypass" },
-                                                                      { masterBypass, 8, "MastrByp" },
-                                                                      { masterBypass, 4, "MByp" },
-                                                                      { masterBypass, 3, "Byp" },
-                                                                      { masterBypass, 2, "By" },
-                                                                      { stereoWidth, 31, "StereoWidth" },
-                                                                      { stereoWidth, 6, "Stereo" },
-                                                                      { numControls + 1, 31, "" },
-                                                                      { 0, 31, "" } })
+    constexpr Row rows[] = { { masterBypass, 31, "Master Bypass" },
+                             { masterBypass, 8, "MastrByp" },
+                             { masterBypass, 4, "MByp" },
+                             { masterBypass, 3, "Byp" },
+                             { masterBypass, 2, "By" },
+                             { stereoWidth, 31, "StereoWidth" },
+                             { stereoWidth, 6, "Stereo" },
+                             { numControls + 1, 31, "" },
+                             { 0, 31, "" } };
+
+    for (const auto& [control, length, expected] : rows)
     {
         std::array<char, 256> name {};
         std::int16_t required = 9;

@@ -21,14 +21,12 @@ std::string kindOf (const SFicSDSToken& token)
     return text.insert (4, " ");
 }
 
-class BundleTokens : public BundleFixture
+class BundleTokens : public BundleWithInstance
 {
 protected:
     void SetUp() override
     {
-        start();
-        instance = insert();
-        ASSERT_NE (instance, nullptr);
+        BundleWithInstance::SetUp();
         services.tokens.observer = [this] (const SFicSDSToken& token) { tokens.push_back (token); };
     }
 
@@ -36,7 +34,7 @@ protected:
     {
         instance.reset();
         services.tokens.observer = nullptr;
-        BundleFixture::TearDown();
+        BundleWithInstance::TearDown();
     }
 
     std::vector<std::string> takeKinds()
@@ -57,7 +55,6 @@ protected:
         return nameID;
     }
 
-    std::unique_ptr<refhost::HostInstance> instance;
     std::vector<SFicSDSToken> tokens;
 };
 

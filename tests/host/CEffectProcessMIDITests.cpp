@@ -250,16 +250,12 @@ TEST (CEffectGroupMIDI, GivesOutTheFirstFreeNumber)
     constexpr auto highest = std::numeric_limits<std::int32_t>::max();
     MidiGroup group;
 
-    for (const auto& [wanted, expected] : { std::pair { 0, 1 },
-                                            { 0, 2 },
-                                            { 2, 3 },
-                                            { 10, 10 },
-                                            { 9, 9 },
-                                            { 9, 11 },
-                                            { highest, highest },
-                                            { highest, 4 },
-                                            { -1, -1 },
-                                            { -1, 5 } })
+    constexpr std::pair<std::int32_t, std::int32_t> rows[] = {
+        { 0, 1 },       { 0, 2 },   { 2, 3 }, { 10, 10 }, { 9, 9 }, { 9, 11 }, { highest, highest },
+        { highest, 4 }, { -1, -1 }, { -1, 5 }
+    };
+
+    for (const auto& [wanted, expected] : rows)
     {
         auto id = wanted;
         group.GetUniqueNodeInfo (&id);

@@ -227,12 +227,10 @@ TEST_F (CEffectProcessRTASTest, LongestBlock)
         std::int32_t answer, result, quantum, expected;
     };
 
-    for (const auto& [answer, result, quantum, expected] : { Case { 1, 0, 512, 512 },
-                                                             { 1, 0, 1, 1 },
-                                                             { 1, 0, 0, 32 },
-                                                             { 1, 0, -7, 32 },
-                                                             { 0, 0, 512, 32 },
-                                                             { 1, -1, 512, 32 } })
+    constexpr Case rows[] = { { 1, 0, 512, 512 }, { 1, 0, 1, 1 },    { 1, 0, 0, 32 },
+                              { 1, 0, -7, 32 },   { 0, 0, 512, 32 }, { 1, -1, 512, 32 } };
+
+    for (const auto& [answer, result, quantum, expected] : rows)
     {
         framework.gestaltAnswer = answer;
         framework.gestaltResult = result;

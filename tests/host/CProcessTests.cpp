@@ -165,13 +165,10 @@ TEST (CProcessTexts, AreAsLongAsTheHostSays)
     ControlledProcess process;
     process.add (plainControl());
 
-    for (const auto& [control, length, written] : { Row { 1, 3, 3 },
-                                                    { 1, 99, 99 },
-                                                    { 1, 100, 0 },
-                                                    { 1, 103, 3 },
-                                                    { 1, 250, 150 },
-                                                    { 1, 0, 0 },
-                                                    { 2, 9, 0 } })
+    constexpr Row rows[] = { { 1, 3, 3 },     { 1, 99, 99 }, { 1, 100, 0 }, { 1, 103, 3 },
+                             { 1, 250, 150 }, { 1, 0, 0 },   { 2, 9, 0 } };
+
+    for (const auto& [control, length, written] : rows)
     {
         std::string text (300, untouched);
         EXPECT_EQ (process.MapControlValToString (control, 4, text.data(), length), 0);
@@ -196,14 +193,11 @@ TEST (CProcessSteps, StayOnTheScale)
     auto* const control = process.add (plainControl());
     std::int32_t numChanges = 0, expectedChanges = 0;
 
-    for (const auto& [from, delta, to] : { Row { -3, 5, 2 },
-                                           { 2, -5, -3 },
-                                           { top - 1, 1, top },
-                                           { top - 1, 2, top },
-                                           { 1, top, top },
-                                           { bottom + 1, -1, bottom },
-                                           { -1, bottom, bottom },
-                                           { bottom, top, -1 } })
+    constexpr Row rows[] = { { -3, 5, 2 },           { 2, -5, -3 },      { top - 1, 1, top },
+                             { top - 1, 2, top },    { 1, top, top },    { bottom + 1, -1, bottom },
+                             { -1, bottom, bottom }, { bottom, top, -1 } };
+
+    for (const auto& [from, delta, to] : rows)
         for (const auto change : { &CProcess::SetControlRelative, &CProcess::UpdateControlRelative })
         {
             control->SetValue (from);

@@ -92,17 +92,12 @@ char shorthand (const SFicSDSToken& token)
 
 TEST (CProcessTouch, SendsWhatTheHostNeeds)
 {
-    for (const auto& row : { TouchRow { "T", "tg" },
-                             { "TR", "tgr" },
-                             { "TTR", "tg" },
-                             { "TTRR", "tgr" },
-                             { "TRTR", "tgrtgr" },
-                             { "V", "tgvr" },
-                             { "TVVR", "tgvvr" },
-                             { "RR", "" },
-                             { "RTR", "tgr" },
-                             { "TRVTV", "", 3 },
-                             { "TRV", "", -1 } })
+    constexpr TouchRow rows[] = { { "T", "tg" },       { "TR", "tgr" },      { "TTR", "tg" },
+                                  { "TTRR", "tgr" },   { "TRTR", "tgrtgr" }, { "V", "tgvr" },
+                                  { "TVVR", "tgvvr" }, { "RR", "" },         { "RTR", "tgr" },
+                                  { "TRVTV", "", 3 },  { "TRV", "", -1 } };
+
+    for (const auto& row : rows)
     {
         TokenFixture f;
         f.initialize();

@@ -20,16 +20,13 @@ TEST (ParameterScale, ParametersSpanTheWholeScale)
     constexpr auto infinity = std::numeric_limits<float>::infinity();
     constexpr auto noNumber = std::numeric_limits<float>::quiet_NaN();
 
-    for (const auto& [parameter, expected] : { std::pair { 0.0f, bottom },
-                                               { 1.0f, top },
-                                               { 0.5f, 0 }, // a tie, to even
-                                               { 0.25f, -1073741824 },
-                                               { 0.75f, 1073741823 },
-                                               { -0.5f, bottom },
-                                               { 1.5f, top },
-                                               { -infinity, bottom },
-                                               { infinity, top },
-                                               { noNumber, bottom } })
+    constexpr std::pair<float, std::int32_t> rows[] = { { 0.0f, bottom },      { 1.0f, top },
+                                                        { 0.5f, 0 },           { 0.25f, -1073741824 },
+                                                        { 0.75f, 1073741823 }, { -0.5f, bottom },
+                                                        { 1.5f, top },         { -infinity, bottom },
+                                                        { infinity, top },     { noNumber, bottom } };
+
+    for (const auto& [parameter, expected] : rows)
         EXPECT_EQ (longFromParameter (parameter), expected) << parameter;
 }
 

@@ -114,16 +114,15 @@ TEST_F (TransportPosition, FrameRates)
         double framesPerSecond;
     };
 
-    for (const auto& [code, type, framesPerSecond] : { Case { 1, PlayHead::fps24, 24.0 },
-                                                       { 2, PlayHead::fps25, 25.0 },
-                                                       { 3, PlayHead::fps2997, 29.97002997 },
-                                                       { 4, PlayHead::fps2997drop, 29.97002997 },
-                                                       { 5, PlayHead::fps30, 30.0 },
-                                                       { 6, PlayHead::fps30drop, 30.0 },
-                                                       { 7, PlayHead::fps24, 23.976 },
-                                                       { 0, PlayHead::fpsUnknown, 24.0 },
-                                                       { 8, PlayHead::fpsUnknown, 24.0 },
-                                                       { -1, PlayHead::fpsUnknown, 24.0 } })
+    constexpr Case rows[] = {
+        { 1, PlayHead::fps24, 24.0 },          { 2, PlayHead::fps25, 25.0 },
+        { 3, PlayHead::fps2997, 29.97002997 }, { 4, PlayHead::fps2997drop, 29.97002997 },
+        { 5, PlayHead::fps30, 30.0 },          { 6, PlayHead::fps30drop, 30.0 },
+        { 7, PlayHead::fps24, 23.976 },        { 0, PlayHead::fpsUnknown, 24.0 },
+        { 8, PlayHead::fpsUnknown, 24.0 },     { -1, PlayHead::fpsUnknown, 24.0 }
+    };
+
+    for (const auto& [code, type, framesPerSecond] : rows)
     {
         const auto info = positionFrom (nullptr, sampleRate, { code, 12345 });
         EXPECT_EQ (info.getFrameRate()->getType(), type) << int { code };
