@@ -179,9 +179,9 @@ TEST_F (EditorWindow, SendsUnusedKeysOnAsTheyWere)
     EXPECT_TRUE (runUntil ([&] { return host.getKeys().size() >= 10; }));
     std::vector<XHost::Key> expected;
 
-    for (const unsigned long symbol : { XK_space, XK_KP_Enter, XK_Left, XK_F5, XK_x })
+    for (const int symbol : { XK_space, XK_KP_Enter, XK_Left, XK_F5, XK_x })
         for (const bool pressed : { true, false })
-            expected.push_back ({ symbol, pressed });
+            expected.push_back ({ static_cast<unsigned long> (symbol), pressed });
 
     EXPECT_EQ (host.getKeys(), expected);
 }
