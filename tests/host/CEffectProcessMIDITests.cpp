@@ -165,6 +165,28 @@ TEST_F (CEffectProcessMIDITest, RunsWithoutAService)
     EXPECT_EQ (numberOf (instantiate()), 1) << "the others kept no number";
 }
 
+TEST_F (CEffectProcessMIDITest, EachReadTakesItsVersion)
+{
+    for (std::int32_t version = 1; version <= 7; ++version)
+    {
+        framework.midiVersion = version;
+        const CEffectMIDITransport reads (instantiate().GetMIDIWorld());
+        const auto fromTwo = version >= 2 ? 0 : -9145;
+        const auto fromSeven = version >= 7 ? 0 : -9145;
+        double tempo = 0.0;
+        std::int32_t numerator = 0, denominator = 0;
+        unsigned char playing = 0;
+        std::int64_t place = -1;
+        EXPECT_EQ (reads.GetCurrentTempo (&tempo), fromTwo) << version;
+        EXPECT_EQ (reads.GetCurrentMeter (&numerator, &denominator), fromTwo) << version;
+        EXPECT_EQ (reads.IsTransportPlaying (&playing), fromTwo) << version;
+        EXPECT_EQ (reads.GetCurrentTDMSampleLocation (&place), fromSeven) << version;
+        EXPECT_EQ (reads.GetCurrentRTASSampleLocation (&place), fromSeven) << version;
+        EXPECT_EQ (reads.GetCustomTickPosition (&place, 5), fromSeven) << version;
+        EXPECT_EQ (place, version >= 7 ? 5 * transport.ticksPerSample : -1);
+    }
+}
+
 TEST_F (CEffectProcessMIDITest, LogsOutOnce)
 {
     auto& process = instantiate();

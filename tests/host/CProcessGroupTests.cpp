@@ -24,6 +24,7 @@ namespace
 constexpr auto nativeCode = fourCC ("nati");
 constexpr auto otherCode = fourCC ("othr");
 constexpr std::int32_t nativeType = 3;
+constexpr SFicTimeCodeInfo timeCode { 2, 77 };
 
 class TestGroup : public CProcessGroup
 {
@@ -164,6 +165,8 @@ TEST_F (CProcessGroupTest, TellsANewProcessTheRateSentBeforeIt)
     EXPECT_EQ (testProcessLog.sampleRateAtConstruction, 96000);
     EXPECT_THAT (testProcessLog.calls,
                  testing::ElementsAre ("Initialize1", "SetSampleRate1=96000", "SetDitherBits1=24"));
+    EXPECT_EQ (group.SetTimeCodeInfo (&timeCode), ficSuccess);
+    EXPECT_EQ (group.native->GetFrameOffset(), timeCode.frameOffset);
 }
 
 struct BroadcastCase
@@ -172,8 +175,6 @@ struct BroadcastCase
     const char* call; // as a process notes it, without the index
     std::int32_t (*send) (CProcessGroup& group);
 };
-
-constexpr SFicTimeCodeInfo timeCode { 2, 77 };
 
 const BroadcastCase broadcastCases[] = {
     { "SampleRate", "SetSampleRate", [] (CProcessGroup& group) { return group.SetSampleRate (48000); } },

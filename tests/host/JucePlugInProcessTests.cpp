@@ -128,6 +128,11 @@ TEST_F (JucePlugInProcessTest, SetsTheProcessorUpOnceWithTheHostsRateAndLongestB
     EXPECT_EQ (probe->numTimesPrepared, 1);
     EXPECT_EQ (probe->getSampleRate(), 96000.0);
 
+    std::int32_t latency = 0;
+    probe->setLatencySamples (123);
+    EXPECT_EQ (process->GetDelaySamplesLong (&latency), 0);
+    EXPECT_EQ (latency, 123);
+
     group->SetSampleRate (0); // which is none
     makeProbe();
     EXPECT_EQ (probe->preparedRate, 44100.0);
@@ -157,6 +162,13 @@ TEST_F (JucePlugInProcessTest, ControlsAnswerWhatTheProcessorSays)
         return number;
     };
 
+    const auto viewIdOf = [this] (std::int32_t control)
+    {
+        std::uint32_t id = 0;
+        EXPECT_EQ (process->GetProcessControlViewId (control, &id), 0);
+        return id;
+    };
+
     EXPECT_EQ (process->SetControlDefaultValue (2, 77), 0);
     EXPECT_EQ (answer (&CProcess::GetControlDefaultValue, 2), longFromParameter (0.25f));
     EXPECT_EQ (answer (&CProcess::GetNumControlSteps, 2), 11);
@@ -164,6 +176,9 @@ TEST_F (JucePlugInProcessTest, ControlsAnswerWhatTheProcessorSays)
     EXPECT_EQ (answer (&CProcess::GetControlOrientation, 3), 19);
     EXPECT_EQ (answer (&CProcess::GetControlType, 3), 1);
     EXPECT_EQ (answer (&CProcess::GetControlPriority, 3), 0);
+    EXPECT_EQ (viewIdOf (masterBypass), fourCC ("bypa"));
+    EXPECT_EQ (viewIdOf (2), 1u);
+    EXPECT_EQ (viewIdOf (3), 2u);
     EXPECT_EQ (isAutomatable (2), 1);
     EXPECT_EQ (isAutomatable (3), 0);
 
@@ -191,30 +206,6 @@ TEST_F (JucePlugInProcessTest, ControlsAnswerWhatTheProcessorSays)
 
     probe->parameters[0] = 0.125f;
     EXPECT_EQ (textOf (2, top), juce::String (0.125f, 2).toStdString()) << "whatever value was asked for";
-}
-
-TEST_F (JucePlugInProcessTest, EachControlHasAnIdOfItsOwn)
-{
-    makeProbe();
-
-    for (const auto& [control, expected] : { std::pair { masterBypass, fourCC ("bypa") },
-                                             { 2, std::uint32_t { 1 } },
-                                             { 3, std::uint32_t { 2 } } })
-    {
-        std::uint32_t id = 0;
-        EXPECT_EQ (process->GetProcessControlViewId (control, &id), 0);
-        EXPECT_EQ (id, expected) << control;
-    }
-}
-
-TEST_F (JucePlugInProcessTest, TellsTheLatency)
-{
-    makeProbe();
-    probe->setLatencySamples (123);
-    std::int32_t latency = 0;
-    EXPECT_EQ (process->GetDelaySamplesLong (&latency), 0);
-    EXPECT_EQ (latency, 123);
-    EXPECT_EQ (process->GetDelaySamplesLong (nullptr), 0);
 }
 
 TEST_F (JucePlugInProcessTest, NamesAreCutBetweenCharacters)
@@ -280,6 +271,10 @@ TEST_F (JucePlugInProcessTest, TheChunkIsTheBlockWhoseSizeWasTold)
     EXPECT_EQ (size, chunkHeader + 2);
     EXPECT_EQ (savedState (2), "ij") << "the later of two";
 
+    process->GetChunkSize (FIC_CHUNK_JUCE, &size);
+    setChunk (chunkOfSize (chunkHeader + 4, "wxyz"));
+    EXPECT_EQ (savedState (4), "wxyz") << "in place of the one that waited to be fetched";
+
     EXPECT_EQ (process->GetChunkSize (FIC_CHUNK_JUCE, nullptr), 0);
     EXPECT_EQ (process->GetChunk (FIC_CHUNK_JUCE, nullptr), 0);
 }
@@ -298,15 +293,6 @@ TEST_F (JucePlugInProcessTest, TheChunksBodyGoesToTheProcessorUnlessItIsEmpty)
     EXPECT_EQ (setChunk (chunkOfSize (chunkHeader + 4, "wxyz")), 0);
     EXPECT_EQ (probe->numTimesRestored, 2);
     EXPECT_EQ (std::string (probe->state.begin(), probe->state.end()), "wxyz");
-}
-
-TEST_F (JucePlugInProcessTest, ARestoredChunkReplacesTheOneWaitingToBeFetched)
-{
-    makeProbe();
-    std::int32_t size = 0;
-    process->GetChunkSize (FIC_CHUNK_JUCE, &size);
-    setChunk (chunkOfSize (chunkHeader + 4, "wxyz"));
-    EXPECT_EQ (savedState (4), "wxyz");
 }
 
 TEST_F (JucePlugInProcessTest, ProcessorsHearTheTransport)
