@@ -133,20 +133,26 @@ protected:
         return kinds;
     }
 
-    /** Moves the pointer with the button down until a value has changed, so that a hold has begun. */
-    void holdWidthKnob()
+    /** Moves the pointer with the button down until something has come of it, so that a hold has begun. */
+    template <typename Condition>
+    void dragWidthKnobUntil (Condition isSo)
     {
-        const auto before = instance->getValue (stereoWidth);
+        int distance = 0;
         moveMouse (widthKnob);
         screen.pressMouse (true);
-        int distance = 0;
         EXPECT_TRUE (runUntil (
             [&]
             {
                 distance = distance % 40 + 1;
                 moveMouse (widthKnob, { 0, -distance });
-                return instance->getValue (stereoWidth) != before;
+                return isSo();
             }));
+    }
+
+    void holdWidthKnob()
+    {
+        const auto before = instance->getValue (stereoWidth);
+        dragWidthKnobUntil ([&] { return instance->getValue (stereoWidth) != before; });
     }
 
     /** The last word on the knob was that it is held no more. */
@@ -217,16 +223,8 @@ TEST_F (BundleEditor, LetsGoOfAControlThatTheHostDoesNotMove)
 {
     services.tokens.keepsWishes = false;
     const auto before = instance->getValue (stereoWidth);
-    int distance = 0;
-    moveMouse (widthKnob);
-    screen.pressMouse (true);
-    EXPECT_TRUE (runUntil (
-        [&]
-        {
-            distance = distance % 40 + 1;
-            moveMouse (widthKnob, { 0, -distance });
-            return testing::Value (kindsOf (stereoWidth), testing::Contains (FIC_TOKEN_VALUE));
-        }));
+    dragWidthKnobUntil (
+        [&] { return testing::Value (kindsOf (stereoWidth), testing::Contains (FIC_TOKEN_VALUE)); });
     screen.pressMouse (false);
     EXPECT_TRUE (runUntil ([&] { return hasLetGo(); }));
     EXPECT_EQ (instance->getValue (stereoWidth), before);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What the real-time engine is told of an instance, and what its worker does.
+// How many samples the worker takes and gives in each block, whatever quantum the host asks for.
 
 #include "BundleFixture.h"
 
@@ -9,8 +9,6 @@
 
 namespace
 {
-using testing::ElementsAre;
-
 /** How many samples of an output a block has written. They come first. */
 int numWritten (const std::vector<float>& output)
 {
@@ -31,23 +29,6 @@ protected:
     {
     }
 };
-
-TEST_F (BundleRender, DescribesPortsAndWorker)
-{
-    start();
-    const auto first = insert();
-    const auto second = insert();
-    const auto& described = *second->getPlugIn();
-    EXPECT_EQ (described.id.manufacturerID, manufacturerCode);
-    EXPECT_EQ (described.id.productID, productCode);
-    EXPECT_EQ (described.id.typeID, typeCode);
-    EXPECT_EQ (described.id.processIndex, 2);
-    EXPECT_NE (described.id.plugInObject, 0u);
-    EXPECT_THAT (described.inputPorts, ElementsAre (1, 2));
-    EXPECT_THAT (described.outputPorts, ElementsAre (1, 2));
-    EXPECT_THAT (described.workerNames, ElementsAre ("WideLoom"));
-    EXPECT_EQ (services.engine.getNumPlugIns(), 2);
-}
 
 /** Renders blocks of any quantum, and expects each to have the samples that it should. */
 void expectSamples (const refhost::HostInstance& instance, std::initializer_list<int> quanta, bool areFixed)
