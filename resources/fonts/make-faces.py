@@ -7,8 +7,9 @@
     resources/fonts/make-faces.py
 
 The captions have to stand in one line on buttons whose size the layout fixes, down to the smallest
-window. The narrowest cut of the family is a tenth too wide for that, so the faces are narrowed by it,
-and cut down to the letters that a caption or a name can have. The result has a name of its own.
+window. The narrowest cuts of the family are too wide for that, so the faces are narrowed further, from
+a bolder weight, as that makes the stems thinner; and cut down to the letters that a caption or a name
+can have. The result has a name of its own.
 """
 
 import pathlib
@@ -21,11 +22,11 @@ from fontTools.ttLib import TTFont
 
 SOURCE_FOLDER = pathlib.Path("/usr/share/fonts/truetype/noto")
 FACES = {
-    "kenyan_coffee_rg.ttf": ("NotoSansDisplay-ExtraCondensedMedium.ttf", "Regular"),
-    "kenyan_coffee_rg_it.ttf": ("NotoSansDisplay-ExtraCondensedMediumItalic.ttf", "Italic"),
+    "kenyan_coffee_rg.ttf": ("NotoSansDisplay-ExtraCondensedSemiBold.ttf", "Regular"),
+    "kenyan_coffee_rg_it.ttf": ("NotoSansDisplay-ExtraCondensedSemiBoldItalic.ttf", "Italic"),
 }
 FAMILY = "WideLoom Display"
-WIDTH = 0.9
+WIDTH = 0.7
 
 # Latin, Greek, Cyrillic, Vietnamese, punctuation, currency and letter-like signs.
 RANGES = [(0x20, 0x7E), (0xA0, 0x52F), (0x1E00, 0x1EFF), (0x2000, 0x206F), (0x20A0, 0x20BF),
