@@ -311,6 +311,7 @@ TEST (MainEditorPainting, ShowsTheNumbersOfTheStereoFieldInFrontOfIt)
     {
         EditorUnderTest test;
         setHeight (test, height);
+        test.panel().setEditorParameterValue (indexOf (ParameterId::pan), 0.1f); // more than one letter
         const auto picture = paintedPicture (test.panel());
 
         for (const auto* id : { "stereoWidthLabel", "panLabel" })

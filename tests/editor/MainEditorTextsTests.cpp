@@ -9,9 +9,10 @@
 #include <editor/CrzQ7LookAndFeelV1.h>
 
 #include <gtest/gtest.h>
+#include <support/NamedRows.h>
 
 #include <algorithm>
-#include <string>
+#include <utility>
 #include <vector>
 
 namespace
@@ -84,6 +85,29 @@ void addTextsOfControls (juce::Component& parent, std::vector<juce::String>& tex
     }
 }
 
+/** A caption that the size of its button forces to be narrower than the face is. There are no others. */
+struct NarrowedCaption
+{
+    const char* text;
+    int lowest;  ///< height of the panel at which it is so, as at all greater ones
+    float scale; ///< of its width, at least
+};
+
+constexpr NarrowedCaption narrowedCaptions[] = {
+    { "EXPERT MODE", 250, 0.89f },
+    { "RESET DEFAULT SIZE", 600, 0.97f },
+};
+
+/** How narrow a caption may be. */
+float leastScaleOf (const juce::String& text, int height)
+{
+    for (const auto& row : narrowedCaptions)
+        if (text == row.text && height >= row.lowest)
+            return row.scale;
+
+    return 1.0f;
+}
+
 /** Each text must have been painted as often as it is wanted, whole and by itself. */
 void expectPainted (EditorUnderTest& test, juce::Component& painted, std::vector<juce::String> wanted)
 {
@@ -95,13 +119,29 @@ void expectPainted (EditorUnderTest& test, juce::Component& painted, std::vector
     {
         const auto glyphs = glyphsOf (text, font);
 
-        if (! glyphs.empty())
+        if (glyphs.empty())
+            continue;
+
+        const int height = test.panel().getHeight();
+        std::ptrdiff_t numPainted = 0;
+
+        for (const auto& one : texts)
         {
-            EXPECT_GE (std::count (texts.begin(), texts.end(), glyphs),
-                       std::count (wanted.begin(), wanted.end(), text))
-                << text << " at " << test.panel().getHeight();
+            if (one.glyphs != glyphs)
+                continue;
+
+            ++numPainted;
+            EXPECT_GE (one.horizontalScale, leastScaleOf (text, height)) << text << " at " << height;
         }
+
+        EXPECT_GE (numPainted, std::count (wanted.begin(), wanted.end(), text)) << text << " at " << height;
     }
+}
+
+void setHeight (EditorUnderTest& test, int height)
+{
+    test.processor.setEditorHeight (height);
+    test.editor->updateEditorSize();
 }
 
 class MainEditorTexts : public testing::TestWithParam<TextCase>
@@ -113,8 +153,7 @@ TEST_P (MainEditorTexts, AreWrittenToTheLastLetter)
     for (const int height : { 250, 400, 600, 800 })
     {
         EditorUnderTest test;
-        test.processor.setEditorHeight (height);
-        test.editor->updateEditorSize();
+        setHeight (test, height);
         GetParam().enter (test);
 
         const auto& captions = GetParam().captions;
@@ -122,20 +161,79 @@ TEST_P (MainEditorTexts, AreWrittenToTheLastLetter)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P (States,
-                          MainEditorTexts,
-                          testing::ValuesIn (textCases),
-                          [] (const auto& row) { return std::string (row.param.name); });
+INSTANTIATE_TEST_SUITE_P (States, MainEditorTexts, testing::ValuesIn (textCases), rowName<TextCase>);
 
 TEST (MainEditorInfoScreenTexts, AreWrittenToTheLastLetterOnTheButtons)
 {
     for (const int height : { 250, 400, 600, 800 })
     {
         EditorUnderTest test;
-        test.processor.setEditorHeight (height);
-        test.editor->updateEditorSize();
+        setHeight (test, height);
         test.panel().showInfoComponent();
         expectPainted (test, test.control<juce::Component> ("infoComponent"), {});
+    }
+}
+
+/** Calls `visit` with what each control below `parent` says in the bottom line. */
+template <typename Visit>
+void forEachTooltip (juce::Component& parent, const Visit& visit)
+{
+    for (auto* child : parent.getChildren())
+    {
+        if (auto* client = dynamic_cast<juce::SettableTooltipClient*> (child))
+            visit (client->getTooltip());
+
+        forEachTooltip (*child, visit);
+    }
+}
+
+/** Whether a label writes all of a text, be it narrowed. */
+bool isWhole (juce::Label& label, const juce::String& text)
+{
+    label.setText (text, juce::dontSendNotification);
+    const auto glyphs = glyphsOf (text, label.getLookAndFeel().getLabelFont (label));
+    const auto texts = paintedTexts (label);
+    return glyphs.empty()
+           || std::any_of (texts.begin(), texts.end(), [&] (auto& one) { return one.glyphs == glyphs; });
+}
+
+TEST (MainEditorLabelTexts, AreWholeWhateverTheyCanSay)
+{
+    for (const int height : { 250, 400, 600, 800 })
+    {
+        SCOPED_TRACE (height);
+        EditorUnderTest test;
+        setHeight (test, height);
+        auto& infoLine = test.control<juce::Label> ("bottomInfoLabel");
+
+        const auto expectAllValues = [&] (juce::Label& label, const auto& textOf)
+        {
+            for (int step = 0; step <= 1000; ++step)
+                ASSERT_TRUE (isWhole (label, textOf (static_cast<float> (step) / 1000.0f))) << step;
+        };
+
+        for (const auto& [labelId, sliderId] : { std::pair { "stereoWidthLabel", "stereoWidthSlider" },
+                                                 std::pair { "panLabel", "panSlider" },
+                                                 std::pair { "", "inputGainSlider" },
+                                                 std::pair { "", "safeBassFreqSlider" } })
+        {
+            auto& slider = test.control<juce::Slider> (sliderId);
+            auto* label = findChildOfClass<juce::Label> (slider);
+            expectAllValues (label != nullptr ? *label : test.control<juce::Label> (labelId),
+                             [&] (float value) { return slider.getTextFromValue (value); });
+        }
+
+        for (const auto* message : { "PRESET NAME: new preset name not accepted !!!",
+                                     "SAVE: FAILED, user preset was NOT saved !",
+                                     "STEREO WIDTH: is 0%, because MONO is on ..." })
+            EXPECT_TRUE (isWhole (infoLine, message)) << message;
+
+        forEachTooltip (test.panel(),
+                        [&] (const juce::String& tooltip)
+                        { EXPECT_TRUE (isWhole (infoLine, tooltip)) << tooltip; });
+
+        for (const auto& name : test.processor.getAllFactoryPresetNames())
+            EXPECT_TRUE (isWhole (test.control<juce::Label> ("presetNameLabel"), name + "*")) << name;
     }
 }
 
@@ -160,13 +258,14 @@ struct Writer : juce::Component
 
 TEST (PaintedTexts, NoticesTextsThatAreCutOrEndInDots)
 {
-    constexpr int wide = 400, narrow = 40, high = 20; // the text is some 70 pixels long
+    constexpr int wide = 400, narrow = 20, high = 20; // the text is some 50 pixels long
     CrzQ7LookAndFeelV1 look;
     juce::Label label;
     Writer writer;
     writer.font = look.getLabelFont (label).withHeight (static_cast<float> (high));
     writer.text = "STEREO WIDTH";
-    const auto whole = glyphsOf (writer.text, writer.font);
+    const auto isWhole = [whole = glyphsOf (writer.text, writer.font)] (const PaintedText& one)
+    { return one.glyphs == whole; };
 
     for (const bool isFitted : { false, true })
     {
@@ -175,7 +274,7 @@ TEST (PaintedTexts, NoticesTextsThatAreCutOrEndInDots)
             writer.isFitted = isFitted;
             writer.setBounds (0, 0, width, high);
             const auto texts = paintedTexts (writer);
-            EXPECT_EQ (std::count (texts.begin(), texts.end(), whole), width == wide ? 1 : 0)
+            EXPECT_EQ (std::any_of (texts.begin(), texts.end(), isWhole), width == wide)
                 << (isFitted ? "fitted into " : "cut to ") << width;
         }
     }

@@ -21,6 +21,12 @@ inline Glyphs glyphsOf (const juce::String& text, const juce::Font& font)
     return Glyphs (glyphs.begin(), glyphs.end());
 }
 
+struct PaintedText
+{
+    Glyphs glyphs;
+    float horizontalScale = 1.0f; ///< less where a letter is squeezed to be narrower than its font has it
+};
+
 /** Notes letters in the order of painting, and draws none. Each choice of a colour starts a new text. */
 class TextRecorder : public juce::LowLevelGraphicsSoftwareRenderer
 {
@@ -41,17 +47,19 @@ public:
         if (texts.empty())
             texts.emplace_back();
 
-        texts.back().push_back (glyph);
+        texts.back().glyphs.push_back (glyph);
+        auto& scale = texts.back().horizontalScale;
+        scale = juce::jmin (scale, getFont().getHorizontalScale());
     }
 
-    const std::vector<Glyphs>& getTexts() const noexcept { return texts; }
+    const std::vector<PaintedText>& getTexts() const noexcept { return texts; }
 
 private:
-    std::vector<Glyphs> texts;
+    std::vector<PaintedText> texts;
 };
 
 /** What a component and its visible children write. */
-inline std::vector<Glyphs> paintedTexts (juce::Component& component)
+inline std::vector<PaintedText> paintedTexts (juce::Component& component)
 {
     const juce::Image image (juce::Image::ARGB, component.getWidth(), component.getHeight(), true);
     TextRecorder recorder (image);

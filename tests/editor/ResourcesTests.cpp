@@ -1,9 +1,7 @@
 // SPDX-FileCopyrightText: The WideLoom authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The images and faces that are built in: what they hold, which mirror each other, and which captions fit.
-
-#include <editor/CrzQ7LookAndFeelV1.h>
+// The images and faces that are built in: what they hold, and which mirror each other.
 
 #include <BinaryData.h>
 #include <gtest/gtest.h>
@@ -169,73 +167,4 @@ TEST (ResourceFaces, AreARegularAndAnItalicOfOneFamily)
     ASSERT_EQ (glyphs.size(), text.length());
     EXPECT_FALSE (glyphs.contains (0)) << "a letter is missing";
 }
-
-struct FitCase
-{
-    const char* name;
-    const char* text;
-    float width;   // the component's, as a share of the window's height
-    float height;  // likewise
-    bool isButton; // else a toggle
-};
-
-const FitCase fitCases[] = {
-    { "WidestButton", "EXPERT MODE", 0.18f, 0.07f, true },
-    { "SecondWidestButton", "PHASE FLIP", 0.18f, 0.07f, true },
-    { "SmallestButton", "SAVE", 0.09f, 0.0455f, true },
-    { "PanLawToggle", "PAN LAW -0 dB", 0.18216f, 0.0375f, false },
-    { "WidestToggle", "bind M/S levels", 0.18216f, 0.0375f, false },
-    { "NarrowestToggle", "align phase", 0.1449f, 0.0375f, false },
-};
-
-class ResourceFaceFits : public testing::TestWithParam<FitCase>
-{
-};
-
-TEST_P (ResourceFaceFits, InOneLineAtEachWindowHeight)
-{
-    const auto& row = GetParam();
-    CrzQ7LookAndFeelV1 lookAndFeel;
-
-    for (const int windowHeight : { 250, 300, 400, 520, 600, 800 })
-    {
-        const auto inPixels = [windowHeight] (float share)
-        { return juce::roundToInt (share * static_cast<float> (windowHeight)); };
-        const int width = inPixels (row.width), height = inPixels (row.height);
-
-        const auto image = painted (width,
-                                    height,
-                                    juce::Colours::white,
-                                    [&] (juce::Graphics& g)
-                                    {
-                                        if (row.isButton)
-                                        {
-                                            juce::TextButton button (row.text);
-                                            button.setLookAndFeel (&lookAndFeel);
-                                            button.setSize (width, height);
-                                            lookAndFeel.drawButtonText (g, button, false, false);
-                                        }
-                                        else
-                                        {
-                                            juce::ToggleButton button (row.text);
-                                            button.setSize (width, height);
-                                            lookAndFeel.drawToggleButton (g, button, false, false);
-                                        }
-                                    });
-        const auto found = areaOtherThan (image, juce::Colours::white);
-
-        // A cut toggle text ends short of its own width; a second line would make a button's text lower.
-        const auto font = face (RESOURCE (kenyan_coffee_rg_ttf));
-        const float fontHeight = static_cast<float> (height) * (row.isButton ? 0.8f : 1.0f);
-        const float natural = font.withHeight (fontHeight).getStringWidthFloat (row.text);
-
-        if (row.isButton)
-            EXPECT_GT (static_cast<float> (found.getHeight()), 0.45f * fontHeight) << windowHeight;
-        else
-            EXPECT_LE (natural, static_cast<float> (width - 2 - static_cast<int> (0.8f * fontHeight)) + 1.0f)
-                << windowHeight;
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P (Captions, ResourceFaceFits, testing::ValuesIn (fitCases), rowName<FitCase>);
 } // namespace
