@@ -11,6 +11,7 @@
 #include <support/Painting.h>
 
 #include <cmath>
+#include <utility>
 
 namespace
 {
@@ -76,39 +77,33 @@ juce::Point<int> knobPixel (float share, float position)
 
 constexpr float bottomOfKnob = -0.125f; // as a position: between the two ends of the track
 
-struct ArcCase
+TEST (CrzQ7LookAndFeelKnob, ArcRunsFromTheStartToTheValueInsideTheTrackAndThePointerToIt)
 {
-    const char* name;
-    float position;
-    bool enabled;
-    Colour fill;
-};
+    const Colour grey = CrzQ7Colours::q7darkGrey;
 
-class KnobArc : public testing::TestWithParam<ArcCase>
-{
-};
-
-TEST_P (KnobArc, RunsFromTheStartToTheValueInsideTheTrack)
-{
-    const auto& row = GetParam();
-    const auto image = paintKnob ({ row.position, row.enabled, row.fill });
-
-    for (const float place : { 0.02f, 0.2f, 0.45f, 0.55f, 0.8f, 0.98f })
+    for (const auto& knob : { Knob { 0.0f, true, grey },
+                              Knob { 0.25f, true, black },
+                              Knob { 0.5f, true, grey },
+                              Knob { 0.75f, false, black },
+                              Knob { 1.0f, true, grey } })
     {
-        const auto expected = place < row.position ? accent : trackColour;
-        EXPECT_TRUE (pixelIsNear (image, knobPixel (0.9f, place), expected, rounding)) << place;
-        EXPECT_TRUE (pixelIsNear (image, knobPixel (0.985f, place), trackColour, rounding)) << place;
+        SCOPED_TRACE (knob.position);
+        const auto image = paintKnob (knob);
+
+        for (const float place : { 0.02f, 0.2f, 0.45f, 0.55f, 0.8f, 0.98f })
+        {
+            const auto expected = place < knob.position ? accent : trackColour;
+            EXPECT_TRUE (pixelIsNear (image, knobPixel (0.9f, place), expected, rounding)) << place;
+            EXPECT_TRUE (pixelIsNear (image, knobPixel (0.985f, place), trackColour, rounding)) << place;
+        }
+
+        for (const auto& [share, isPointer] :
+             { std::pair { 0.2f, true }, { 0.58f, true }, { 0.05f, false }, { 0.7f, false } })
+            EXPECT_EQ (pixelIsNear (image, knobPixel (share, knob.position), white, 0),
+                       isPointer && knob.enabled)
+                << share;
     }
 }
-
-INSTANTIATE_TEST_SUITE_P (Positions,
-                          KnobArc,
-                          testing::Values (ArcCase { "Lowest", 0.0f, true, CrzQ7Colours::q7darkGrey },
-                                           ArcCase { "Quarter", 0.25f, true, black },
-                                           ArcCase { "Middle", 0.5f, true, CrzQ7Colours::q7darkGrey },
-                                           ArcCase { "ThreeQuartersDisabled", 0.75f, false, black },
-                                           ArcCase { "Highest", 1.0f, true, CrzQ7Colours::q7darkGrey }),
-                          rowName<ArcCase>);
 
 TEST (CrzQ7LookAndFeelKnob, ShowsShadowAndPointerOnlyWhileEnabled)
 {
@@ -122,34 +117,6 @@ TEST (CrzQ7LookAndFeelKnob, ShowsShadowAndPointerOnlyWhileEnabled)
     EXPECT_LT (enabled.getPixelAt (below.x, below.y).getBrightness(), 0.6f);
     EXPECT_TRUE (pixelIsNear (disabled, below, white, 0));
 }
-
-struct PointerCase
-{
-    const char* name;
-    float position;
-};
-
-class KnobPointer : public testing::TestWithParam<PointerCase>
-{
-};
-
-TEST_P (KnobPointer, PointsAtTheValue)
-{
-    const auto image = paintKnob ({ GetParam().position });
-
-    for (const float share : { 0.2f, 0.58f })
-        EXPECT_TRUE (pixelIsNear (image, knobPixel (share, GetParam().position), white, 0)) << share;
-
-    for (const float share : { 0.05f, 0.7f })
-        EXPECT_FALSE (pixelIsNear (image, knobPixel (share, GetParam().position), white, 0)) << share;
-}
-
-INSTANTIATE_TEST_SUITE_P (Positions,
-                          KnobPointer,
-                          testing::Values (PointerCase { "Lowest", 0.0f },
-                                           PointerCase { "Third", 0.33f },
-                                           PointerCase { "Highest", 1.0f }),
-                          rowName<PointerCase>);
 
 TEST (CrzQ7LookAndFeelKnob, TakesOnlyThePointersThicknessFromItsHeight)
 {
@@ -171,38 +138,30 @@ TEST (CrzQ7LookAndFeelKnob, TakesOnlyThePointersThicknessFromItsHeight)
         sameImage (paintKnob ({ 0.5f, false, black, 200 }), paintKnob ({ 0.5f, false, black, 100 })));
 }
 
-struct FaceCase
+TEST (CrzQ7LookAndFeelKnob, FallsFromLightToDarkAroundItsColour)
 {
-    const char* name;
-    Colour fill;
-    int topLeft, middle, bottomRight, rim; // greys
-};
+    struct FaceCase
+    {
+        Colour fill;
+        juce::uint8 topLeft, middle, bottomRight, rim; // greys
+    };
 
-class KnobFace : public testing::TestWithParam<FaceCase>
-{
-};
+    // Brighter by 1 halves the distance to 255, darker by 1 halves the value; brighter by 0.4 divides the
+    // distance by 1.4.
+    for (const auto& row :
+         { FaceCase { black, 85, 64, 43, 73 }, FaceCase { CrzQ7Colours::q7darkGrey, 110, 89, 68, 109 } })
+    {
+        const auto image = paintKnob ({ 0.5f, false, row.fill });
+        const auto expectGrey = [&] (juce::Point<int> place, juce::uint8 level)
+        { EXPECT_TRUE (pixelIsNear (image, place, Colour (level, level, level), rounding)); };
 
-TEST_P (KnobFace, FallsFromLightToDarkAroundItsColour)
-{
-    const auto& row = GetParam();
-    const auto image = paintKnob ({ 0.5f, false, row.fill });
-    const auto grey = [] (int level)
-    { return Colour::greyLevel (static_cast<float> (level) / 255.0f).withAlpha (1.0f); };
-
-    // A third and two thirds of the way along the diagonal of the square.
-    EXPECT_TRUE (pixelIsNear (image, { 87, 87 }, grey (row.topLeft), rounding));
-    EXPECT_TRUE (pixelIsNear (image, { 120, 120 }, grey (row.middle), rounding));
-    EXPECT_TRUE (pixelIsNear (image, { 153, 153 }, grey (row.bottomRight), rounding));
-    EXPECT_TRUE (pixelIsNear (image, { 120, 120 - 75 }, grey (row.rim), rounding));
+        // A third and two thirds of the way along the diagonal of the square.
+        expectGrey ({ 87, 87 }, row.topLeft);
+        expectGrey ({ 120, 120 }, row.middle);
+        expectGrey ({ 153, 153 }, row.bottomRight);
+        expectGrey ({ 120, 120 - 75 }, row.rim);
+    }
 }
-
-// Brighter by 1 halves the distance to 255, darker by 1 halves the value; brighter by 0.4 divides the
-// distance by 1.4.
-INSTANTIATE_TEST_SUITE_P (Schemes,
-                          KnobFace,
-                          testing::Values (FaceCase { "Dark", black, 85, 64, 43, 73 },
-                                           FaceCase { "Bright", CrzQ7Colours::q7darkGrey, 110, 89, 68, 109 }),
-                          rowName<FaceCase>);
 
 TEST (CrzQ7LookAndFeelKnob, SurvivesAnyArea)
 {
@@ -262,6 +221,17 @@ struct TrackCase
     int farGrey;
 };
 
+// The thumb radius is 9, so the track is 7 wide and 7 longer than the area. White under black at 19/255 and
+// at 6/255 is 236 and 249; at 9/255 it is 246.
+// clang-format off
+const TrackCase trackCases[] = {
+    { "Horizontal", Slider::LinearHorizontal, true, { 16, 26, 108, 9 }, { 70, 28 }, 239, { 70, 32 }, 246 },
+    { "HorizontalDisabled", Slider::LinearHorizontal, false, { 16, 26, 108, 9 }, { 70, 28 }, 247, { 70, 32 }, 248 },
+    { "Vertical", Slider::LinearVertical, true, { 26, 16, 9, 108 }, { 28, 70 }, 239, { 32, 70 }, 246 },
+    { "VerticalDisabled", Slider::LinearVertical, false, { 26, 16, 9, 108 }, { 28, 70 }, 247, { 32, 70 }, 248 },
+};
+// clang-format on
+
 class LinearTrack : public testing::TestWithParam<TrackCase>
 {
 };
@@ -292,39 +262,7 @@ TEST_P (LinearTrack, LiesInTheMiddleAndIsShadedFromOneEdge)
     EXPECT_TRUE (pixelIsNear (image, row.farEdge, grey (row.farGrey), rounding));
 }
 
-// The thumb radius is 9, so the track is 7 wide and 7 longer than the area. White under black at 19/255 and
-// at 6/255 is 236 and 249; at 9/255 it is 246.
-INSTANTIATE_TEST_SUITE_P (
-    Tracks,
-    LinearTrack,
-    testing::Values (
-        TrackCase { "Horizontal",
-                    Slider::LinearHorizontal,
-                    true,
-                    { 16, 26, 108, 9 },
-                    { 70, 28 },
-                    239,
-                    { 70, 32 },
-                    246 },
-        TrackCase { "HorizontalDisabled",
-                    Slider::LinearHorizontal,
-                    false,
-                    { 16, 26, 108, 9 },
-                    { 70, 28 },
-                    247,
-                    { 70, 32 },
-                    248 },
-        TrackCase {
-            "Vertical", Slider::LinearVertical, true, { 26, 16, 9, 108 }, { 28, 70 }, 239, { 32, 70 }, 246 },
-        TrackCase { "VerticalDisabled",
-                    Slider::LinearVertical,
-                    false,
-                    { 26, 16, 9, 108 },
-                    { 28, 70 },
-                    247,
-                    { 32, 70 },
-                    248 }),
-    rowName<TrackCase>);
+INSTANTIATE_TEST_SUITE_P (Tracks, LinearTrack, testing::ValuesIn (trackCases), rowName<TrackCase>);
 
 TEST (CrzQ7LookAndFeelLinear, DrawsTheThumbOverTheTrack)
 {

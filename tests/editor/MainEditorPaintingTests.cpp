@@ -131,12 +131,6 @@ TEST (BrushedGround, KeepsEveryPixelOfADenseDisplay)
     EXPECT_EQ (brightness (158), brightness (159));
 }
 
-TEST (MainEditorPainting, RepaintsAlike)
-{
-    Panel600 test;
-    EXPECT_TRUE (difference (paintedPanel (test), paintedPanel (test)).isEmpty());
-}
-
 TEST (MainEditorPainting, PartialRepaintsGiveTheSamePicture)
 {
     Panel600 test;
@@ -305,6 +299,7 @@ TEST (MainEditorPainting, ChannelBorderHasTheColourOfTheName)
     test.control<juce::Label> ("channelNameLabel").setText ("Choir", juce::sendNotificationSync);
     EXPECT_EQ (paintedPanel (test).getPixelAt (onBorder.x, onBorder.y), juce::Colours::black);
 }
+
 TEST (MainEditorPainting, ShowsTheNumbersOfTheStereoFieldInFrontOfIt)
 {
     for (const int height : { 250, 400, 600, 800 })
@@ -324,28 +319,4 @@ TEST (MainEditorPainting, ShowsTheNumbersOfTheStereoFieldInFrontOfIt)
     }
 }
 
-TEST (MainEditorPainting, WritesTheMakersNameToItsLastLetter)
-{
-    for (const int height : { 250, 400, 600, 800 })
-    {
-        EditorUnderTest test;
-        setHeight (test, height);
-        const auto picture = paintedPanel (test);
-        const auto h = static_cast<float> (height);
-        const auto area = Pixels::leftTopRightBottom (juce::roundToInt (0.823f * 1.5f * h),
-                                                      juce::roundToInt (0.935f * h),
-                                                      juce::roundToInt (0.943f * 1.5f * h),
-                                                      juce::roundToInt (0.975f * h));
-        const auto ink = [&] (Pixels part) { return countPixels (picture, part, juce::Colours::black, 40); };
-
-        // A P ends in its bowl: beside it, and below it, there is nothing.
-        int right = area.getRight();
-        while (right > area.getX() && ink ({ right - 1, area.getY(), 1, area.getHeight() }) == 0)
-            --right;
-
-        const auto end = area.withRight (right).withTrimmedLeft (right - area.getX() - 1 - height / 200);
-        EXPECT_GT (ink (end), 0) << height;
-        EXPECT_EQ (ink (end.withTrimmedTop (end.getHeight() * 2 / 3)), 0) << height;
-    }
-}
 } // namespace

@@ -29,9 +29,11 @@ constexpr auto* makersCaption = "presents";
 constexpr auto* makersName = "QUORVEXDSP";
 constexpr auto* fieldCaptions = "LEFT RIGHT STEREO WIDTH: PAN:"; // written one after the other in one colour
 
-const std::vector<const char*> captionsOfAllControls { makersCaption,  makersName,  fieldCaptions,
-                                                       "INPUT",        "OUTPUT",    "PAN",
-                                                       "STEREO WIDTH", "FREQUENCY", "PRESET:" };
+// clang-format off
+const std::vector<const char*> captionsOfAllControls {
+    makersCaption, makersName, fieldCaptions, "INPUT", "OUTPUT", "PAN", "STEREO WIDTH", "FREQUENCY", "PRESET:"
+};
+// clang-format on
 
 void switchOn (EditorUnderTest& test, ParameterId id)
 {
@@ -237,46 +239,27 @@ TEST (MainEditorLabelTexts, AreWholeWhateverTheyCanSay)
     }
 }
 
-/** Writes one text, squeezed into its bounds or simply cut. */
-struct Writer : juce::Component
-{
-    void paint (juce::Graphics& g) override
-    {
-        g.setFont (font);
-        g.setColour (juce::Colours::black);
-
-        if (isFitted)
-            g.drawFittedText (text, getLocalBounds(), juce::Justification::left, 1);
-        else
-            g.drawText (text, getLocalBounds(), juce::Justification::left, false);
-    }
-
-    juce::Font font;
-    juce::String text;
-    bool isFitted = false;
-};
-
 TEST (PaintedTexts, NoticesTextsThatAreCutOrEndInDots)
 {
-    constexpr int wide = 400, narrow = 20, high = 20; // the text is some 50 pixels long
     CrzQ7LookAndFeelV1 look;
-    juce::Label label;
-    Writer writer;
-    writer.font = look.getLabelFont (label).withHeight (static_cast<float> (high));
-    writer.text = "STEREO WIDTH";
-    const auto isWhole = [whole = glyphsOf (writer.text, writer.font)] (const PaintedText& one)
-    { return one.glyphs == whole; };
+    juce::Label label ({}, "STEREO WIDTH");      // some 50 pixels long; too long for a label it ends in dots
+    juce::ToggleButton toggle (label.getText()); // and here it is cut
+    label.setLookAndFeel (&look);
+    toggle.setLookAndFeel (&look);
 
-    for (const bool isFitted : { false, true })
-    {
-        for (const int width : { wide, narrow })
+    for (const int width : { 400, 20 })
+        for (auto* component :
+             { static_cast<juce::Component*> (&label), static_cast<juce::Component*> (&toggle) })
         {
-            writer.isFitted = isFitted;
-            writer.setBounds (0, 0, width, high);
-            const auto texts = paintedTexts (writer);
-            EXPECT_EQ (std::any_of (texts.begin(), texts.end(), isWhole), width == wide)
-                << (isFitted ? "fitted into " : "cut to ") << width;
+            component->setSize (width, 20);
+            const auto texts = paintedTexts (*component);
+            const auto whole = glyphsOf (label.getText(), look.getLabelFont (label));
+            EXPECT_EQ (
+                std::any_of (texts.begin(), texts.end(), [&] (auto& one) { return one.glyphs == whole; }),
+                width == 400);
         }
-    }
+
+    label.setLookAndFeel (nullptr);
+    toggle.setLookAndFeel (nullptr);
 }
 } // namespace

@@ -21,43 +21,22 @@ struct ShownCase
     std::string_view rule;
 };
 
+// clang-format off
 constexpr ShownCase shownCases[] = {
-    { "titleLabel", "" },
-    { "bottomInfoLabel", "" },
-    { "stereoComponent", "WR" },
-    { "inputVuMeter", "WR" },
-    { "outputVuMeter", "WR" },
-    { "channelNameLabel", "WR" },
-    { "bypassButton", "WSR" },
-    { "undoButton", "WSR" },
-    { "redoButton", "WSR" },
-    { "settingsPopupButton", "WSR" },
-    { "muteAllButton", "WBSR" },
-    { "inputGainSlider", "WBSR" },
-    { "stereoWidthSlider", "WBMSR" },
-    { "panSlider", "WBMSR" },
-    { "stereoWidthLabel", "WBMSR" },
-    { "panLabel", "WBMSR" },
-    { "outputGainSlider", "WBMSR" },
-    { "safeBassFreqSlider", "WBMSR" },
-    { "safeBassButton", "WBMSR" },
-    { "swapLrButton", "WBMSR" },
-    { "phaseFlipButton", "WBMSR" },
-    { "monoButton", "WBMSR" },
-    { "muteMidButton", "WBMSR" },
-    { "muteSideButton", "WBMSR" },
-    { "easyModeButton", "WBMSR" },
-    { "expertModeButton", "WBMSR" },
-    { "saveButton", "WBMSR" },
-    { "presetNameLabel", "WBMSR" },
-    { "nextButton", "WBMSR" },
-    { "prevButton", "WBMSR" },
+    { "titleLabel", "" }, { "bottomInfoLabel", "" },
+    { "stereoComponent", "WR" }, { "inputVuMeter", "WR" }, { "outputVuMeter", "WR" }, { "channelNameLabel", "WR" },
+    { "bypassButton", "WSR" }, { "undoButton", "WSR" }, { "redoButton", "WSR" }, { "settingsPopupButton", "WSR" },
+    { "muteAllButton", "WBSR" }, { "inputGainSlider", "WBSR" },
+    { "stereoWidthSlider", "WBMSR" }, { "panSlider", "WBMSR" }, { "stereoWidthLabel", "WBMSR" },
+    { "panLabel", "WBMSR" }, { "outputGainSlider", "WBMSR" }, { "safeBassFreqSlider", "WBMSR" },
+    { "safeBassButton", "WBMSR" }, { "swapLrButton", "WBMSR" }, { "phaseFlipButton", "WBMSR" },
+    { "monoButton", "WBMSR" }, { "muteMidButton", "WBMSR" }, { "muteSideButton", "WBMSR" },
+    { "easyModeButton", "WBMSR" }, { "expertModeButton", "WBMSR" }, { "saveButton", "WBMSR" },
+    { "presetNameLabel", "WBMSR" }, { "nextButton", "WBMSR" }, { "prevButton", "WBMSR" },
     { "alignPhaseButton", "WBMSRd" },
-    { "panLawGroup", "WBMSRe" },
-    { "panCurveGroup", "WBMSRe" },
-    { "msModeGroup", "WBMSRe" },
-    { "panModeGroup", "WBMSRe" },
+    { "panLawGroup", "WBMSRe" }, { "panCurveGroup", "WBMSRe" }, { "msModeGroup", "WBMSRe" }, { "panModeGroup", "WBMSRe" },
 };
+// clang-format on
 
 /** The states that come and go on their own, as letters of a rule. */
 constexpr std::string_view letters = "BMSRWed";
@@ -176,12 +155,8 @@ TEST (MainEditorVisibility, SavingPanelIsTouchedOnlyWhileResizingOrSaving)
 
 TEST (MainEditorVisibility, ChannelNameCanBeEditedUnlessSavingOrResizing)
 {
-    EditorUnderTest test;
-    auto& label = test.control<juce::Label> ("channelNameLabel");
-
     for (const auto& [state, isEditable] : { std::pair<std::string_view, bool> { "", true },
                                              { "B", true },
-                                             { "M", true },
                                              { "S", false },
                                              { "R", false },
                                              { "W", false } })
@@ -191,9 +166,6 @@ TEST (MainEditorVisibility, ChannelNameCanBeEditedUnlessSavingOrResizing)
         EXPECT_EQ (other.control<juce::Label> ("channelNameLabel").isEditableOnSingleClick(), isEditable)
             << state;
     }
-
-    EXPECT_FALSE (label.isEditableOnDoubleClick());
-    EXPECT_FALSE (label.doesLossOfFocusDiscardChanges());
 }
 
 TEST (MainEditorVisibility, TitleOpensTheInfoScreenInEveryState)

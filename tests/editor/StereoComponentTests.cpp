@@ -10,6 +10,7 @@
 #include <editor/CrzQ7Colours.h>
 
 #include <gtest/gtest.h>
+#include <support/NamedRows.h>
 
 #include <cmath>
 #include <limits>
@@ -38,21 +39,14 @@ class StereoComponentTriangle : public testing::TestWithParam<TriangleCase>
 // Before it is tilted, a corner stands 3.12, 157.56 or 312 pixels apart from the other (s = 0.01, 0.505 and 1
 // of the field's width), and 190.848, 133.824 or 76.8 pixels above the bottom (0.6 s of its height from the
 // top).
+// clang-format off
 const TriangleCase triangleCases[] = {
     { "SpikeInTheMiddle", 0.0f, 0.5f, { centreX - 1.56f, 25.152f }, { centreX + 1.56f, 25.152f } },
     { "SpikeToTheLeft", 0.0f, 0.0f, { left, bottom }, { left, bottom - 1.56f } },
     { "SpikeToTheRight", 0.0f, 1.0f, { right, bottom - 1.56f }, { right, bottom } },
     { "NormalInTheMiddle", 0.5f, 0.5f, { centreX - 78.78f, 82.176f }, { centreX + 78.78f, 82.176f } },
-    { "NormalToTheLeft",
-      0.5f,
-      0.0f,
-      { centreX - 133.824f, bottom },
-      { centreX - 133.824f, bottom - 78.78f } },
-    { "NormalToTheRight",
-      0.5f,
-      1.0f,
-      { centreX + 133.824f, bottom - 78.78f },
-      { centreX + 133.824f, bottom } },
+    { "NormalToTheLeft", 0.5f, 0.0f, { centreX - 133.824f, bottom }, { centreX - 133.824f, bottom - 78.78f } },
+    { "NormalToTheRight", 0.5f, 1.0f, { centreX + 133.824f, bottom - 78.78f }, { centreX + 133.824f, bottom } },
     { "WideInTheMiddle", 1.0f, 0.5f, { left, 139.2f }, { right, 139.2f } },
     { "WideToTheLeft", 1.0f, 0.0f, { centreX - 76.8f, bottom }, { centreX - 76.8f, bottom - 156.0f } },
     { "WideToTheRight", 1.0f, 1.0f, { centreX + 76.8f, bottom - 156.0f }, { centreX + 76.8f, bottom } },
@@ -60,6 +54,7 @@ const TriangleCase triangleCases[] = {
     // degrees.
     { "WideHalfLeft", 1.0f, 0.25f, { left, bottom }, { centreX + 56.003f, 51.387f } },
 };
+// clang-format on
 
 TEST_P (StereoComponentTriangle, StandsInsideTheField)
 {
@@ -67,17 +62,15 @@ TEST_P (StereoComponentTriangle, StandsInsideTheField)
     const auto corners = StereoComponent::triangleIn (field, row.stereoWidth, row.pan);
     constexpr float tolerance = 0.01f; // pixels; the rows have three decimals
 
-    EXPECT_NEAR (corners[0].x, row.first.x, tolerance);
-    EXPECT_NEAR (corners[0].y, row.first.y, tolerance);
-    EXPECT_NEAR (corners[1].x, row.second.x, tolerance);
-    EXPECT_NEAR (corners[1].y, row.second.y, tolerance);
+    EXPECT_LT (corners[0].getDistanceFrom (row.first), tolerance) << corners[0].toString();
+    EXPECT_LT (corners[1].getDistanceFrom (row.second), tolerance) << corners[1].toString();
     EXPECT_EQ (corners[2], (juce::Point<float> { centreX, bottom }));
 }
 
 INSTANTIATE_TEST_SUITE_P (Corners,
                           StereoComponentTriangle,
                           testing::ValuesIn (triangleCases),
-                          [] (const auto& testCase) { return std::string (testCase.param.name); });
+                          rowName<TriangleCase>);
 
 TEST (StereoComponent, LetsACornerRiseAboveTheField)
 {
@@ -110,43 +103,6 @@ public:
 
 const juce::Rectangle<int> wholePicture { width, height };
 
-/** Where no line and no text of the field come: inside the frame, beside the centre line, above the captions.
- */
-constexpr juce::Point<int> emptyPlace { 150, 20 };
-
-/** Pixels that differ from those of the mirror image by more than the rounding at slanted edges, in an area
-    that is symmetrical itself. Blue stands out in every colour of the line. */
-int asymmetricPixels (const juce::Image& image, juce::Rectangle<int> area)
-{
-    constexpr int edgeRounding = 8; // of 255
-    int count = 0;
-
-    for (int y = area.getY(); y < area.getBottom(); ++y)
-        for (int x = area.getX(); x < area.getRight(); ++x)
-            count +=
-                std::abs (image.getPixelAt (x, y).getBlue() - image.getPixelAt (width - 1 - x, y).getBlue())
-                > edgeRounding;
-
-    return count;
-}
-
-TEST (StereoComponent, IsMirrorSymmetricWithoutPan)
-{
-    Picture picture;
-
-    for (const float stereoWidth : { 0.0f, 0.5f, 1.0f })
-    {
-        // Between the captions above and below; the centre line's two columns are dashed alike.
-        const juce::Rectangle<int> withoutCaptions { 24, 45, 312, 145 };
-        picture.component.setStereoWidth (stereoWidth);
-        picture.component.setPan (0.5f);
-        EXPECT_EQ (asymmetricPixels (picture.paint(), withoutCaptions), 0) << stereoWidth;
-
-        picture.component.setPan (0.6f);
-        EXPECT_GT (asymmetricPixels (picture.paint(), withoutCaptions), 200) << stereoWidth;
-    }
-}
-
 TEST (StereoComponent, WarmsAboveNormalWidth)
 {
     struct Row
@@ -165,9 +121,11 @@ TEST (StereoComponent, WarmsAboveNormalWidth)
     for (const auto& row : rows)
     {
         Picture picture;
+        constexpr float pan = 0.6f;
         picture.component.setStereoWidth (row.stereoWidth);
+        picture.component.setPan (pan);
         const auto image = picture.paint();
-        const auto corners = StereoComponent::triangleIn (field, row.stereoWidth, 0.5f);
+        const auto corners = StereoComponent::triangleIn (field, row.stereoWidth, pan);
         const auto onTheLine = (corners[1] + (corners[2] - corners[1]) * 0.3f).roundToInt();
 
         EXPECT_EQ (countPixels (image, { onTheLine.x, onTheLine.y, 1, 1 }, row.line, tolerance), 1)
@@ -183,11 +141,10 @@ TEST (StereoComponent, GivesWayToAWord)
         juce::Colour present, absent;
     };
 
-    const Row rows[] = {
-        { true, false, CrzQ7Colours::q7mainColour, CrzQ7Colours::q7complementColourA },
-        { false, true, CrzQ7Colours::q7complementColourA, CrzQ7Colours::q7mainColour },
-        { true, true, CrzQ7Colours::q7mainColour, CrzQ7Colours::q7complementColourA },
-    };
+    using namespace CrzQ7Colours;
+    const Row rows[] = { { true, false, q7mainColour, q7complementColourA },
+                         { false, true, q7complementColourA, q7mainColour },
+                         { true, true, q7mainColour, q7complementColourA } };
 
     for (const auto& row : rows)
     {
@@ -207,20 +164,7 @@ TEST (StereoComponent, GivesWayToAWord)
     EXPECT_EQ (countPixels (fieldPicture, wholePicture, CrzQ7Colours::q7mainColour, 2), 0);
 }
 
-TEST (StereoComponent, FramesItsGround)
-{
-    Picture picture;
-    const auto image = picture.paint();
-
-    // The corner is round by 1 % of the parent's 600 pixels, the frame begins after 5 % of 240.
-    EXPECT_EQ (image.getPixelAt (0, 0).getAlpha(), 0);
-    EXPECT_EQ (image.getPixelAt (6, 0), juce::Colours::black);
-    EXPECT_EQ (image.getPixelAt (11, 120), juce::Colours::black);
-    EXPECT_EQ (image.getPixelAt (13, 120).getRed(), 26);
-    EXPECT_EQ (image.getPixelAt (emptyPlace.x, emptyPlace.y).getRed(), 26);
-}
-
-TEST (StereoComponent, WritesItsCaptionsInTheirPlaces)
+TEST (StereoComponent, FramesItsGroundAndWritesItsCaptionsInTheirPlaces)
 {
     struct Row
     {
@@ -255,20 +199,16 @@ TEST (StereoComponent, WritesItsCaptionsInTheirPlaces)
             g.drawFittedText (row.text, row.box, row.justification, 1, narrowestText);
     }
 
-    for (const auto& row : rows)
-    {
-        const auto ground = image.getPixelAt (emptyPlace.x, emptyPlace.y);
-        const int numPixels = row.box.getWidth() * row.box.getHeight();
-        EXPECT_LT (countPixels (image, row.box, ground, 0), numPixels - 50) << row.text;
+    // All but the line and the spike in the middle.
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+        {
+            const bool isInTheMiddle = std::abs (x - width / 2) <= 10;
+            ASSERT_TRUE (isInTheMiddle || image.getPixelAt (x, y) == expected.getPixelAt (x, y))
+                << x << ", " << y;
+        }
 
-        int differences = 0;
-
-        for (int y = row.box.getY(); y < row.box.getBottom(); ++y)
-            for (int x = row.box.getX(); x < row.box.getRight(); ++x)
-                differences += image.getPixelAt (x, y) != expected.getPixelAt (x, y);
-
-        EXPECT_EQ (differences, 0) << row.text;
-    }
+    EXPECT_EQ (font.getHeight(), 17.0f) << "the font is shared";
 }
 
 TEST (StereoComponent, DashesItsCentreLine)
@@ -295,17 +235,6 @@ TEST (StereoComponent, DashesItsCentreLine)
         EXPECT_EQ (redAt (line - 2, start + dash / 2.0f), ground) << i;
         EXPECT_EQ (redAt (line + 1, start + dash / 2.0f), ground) << i;
     }
-}
-
-TEST (StereoComponent, SharedFontKeepsItsHeight)
-{
-    juce::Font font (17.0f);
-    Picture picture (&font);
-    picture.paint();
-    picture.component.setBypassState (true);
-    picture.paint();
-
-    EXPECT_EQ (font.getHeight(), 17.0f);
 }
 
 TEST (StereoComponent, PaintsWhateverItIsTold)
