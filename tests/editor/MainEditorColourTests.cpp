@@ -44,15 +44,16 @@ const SchemeCase schemeCases[] = {
       { 88, 88, 88 } },
 };
 
+// clang-format off
 constexpr const char* schemeButtons[] = {
-    "muteAllButton",    "muteMidButton", "muteSideButton",  "bypassButton", "safeBassButton",
-    "swapLrButton",     "monoButton",    "phaseFlipButton", "saveButton",   "easyModeButton",
-    "expertModeButton", "nextButton",    "prevButton",
+    "muteAllButton", "muteMidButton", "muteSideButton", "bypassButton", "safeBassButton", "swapLrButton", "monoButton",
+    "phaseFlipButton", "saveButton", "easyModeButton", "expertModeButton", "nextButton", "prevButton",
 };
 constexpr const char* plainButtons[] = { "undoButton", "redoButton", "settingsPopupButton" };
 constexpr const char* knobs[] = {
     "inputGainSlider", "outputGainSlider", "panSlider", "stereoWidthSlider", "safeBassFreqSlider",
 };
+// clang-format on
 
 class MainEditorColourScheme : public testing::TestWithParam<SchemeCase>
 {

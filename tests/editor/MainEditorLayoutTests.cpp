@@ -87,30 +87,23 @@ void setHeight (EditorUnderTest& test, int height)
     test.editor->updateEditorSize();
 }
 
-TEST (MainEditorLayout, IsExactAtEveryHeight)
+TEST (MainEditorLayout, IsExactAtEveryHeightOnEveryDisplay)
 {
-    EditorUnderTest test;
-
-    for (size_t i = 0; i < heights.size(); ++i)
-    {
-        setHeight (test, heights[i]);
-
-        for (const auto& row : placeCases)
-            EXPECT_EQ (findChildWithID (test.panel(), row.id)->getBounds(), row.bounds[i])
-                << row.id << " at " << heights[i];
-    }
-}
-
-TEST (MainEditorLayout, DoesNotDependOnTheDisplay)
-{
-    for (const int displayHeight : { 0, 777, 2160 })
+    for (const int displayHeight : { EditorUnderTest::displayHeight, 0, 777, 2160 })
     {
         EditorUnderTest test (displayHeight);
-        setHeight (test, heights[2]);
 
-        for (const auto& row : placeCases)
-            EXPECT_EQ (findChildWithID (test.panel(), row.id)->getBounds(), row.bounds[2])
-                << row.id << " on a display of " << displayHeight;
+        for (size_t i = 0; i < heights.size(); ++i)
+        {
+            setHeight (test, heights[i]);
+
+            for (const auto& row : placeCases)
+                EXPECT_EQ (findChildWithID (test.panel(), row.id)->getBounds(), row.bounds[i])
+                    << row.id << " at " << heights[i] << " on a display of " << displayHeight;
+
+            EXPECT_EQ (findChildWithID (test.panel(), "infoComponent")->getBounds(),
+                       test.panel().getLocalBounds());
+        }
     }
 }
 

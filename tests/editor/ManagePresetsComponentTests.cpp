@@ -100,34 +100,23 @@ private:
 
 TEST_F (ManagePresetsComponentTest, OpensWithTheCurrentNameSelected)
 {
-    struct Row
-    {
-        const char* presetName;
-        const char* shown;
-    };
+    // A file may carry a name that could not be typed; it stays whole.
+    constexpr auto* untypeable = "(0).1234567890123456789012345678901234567890";
+    using Pair = std::pair<const char*, const char*>;
 
-    const Row rows[] = { { "Plain", "Plain" },
-                         { "Changed *", "Changed " },
-                         { "*", "" },
-                         { "", "" },
-                         // A file may carry a name that could not be typed; it stays whole.
-                         { "Stra\xc3\x9f"
-                           "e (2).old",
-                           "Stra\xc3\x9f"
-                           "e (2).old" },
-                         { "0123456789012345678901234567890123456789+",
-                           "0123456789012345678901234567890123456789+" } };
-
-    for (const auto& row : rows)
+    for (const auto& [name, shown] : { Pair { "Plain", "Plain" },
+                                       Pair { "Changed *", "Changed " },
+                                       Pair { "*", "" },
+                                       Pair { untypeable, untypeable } })
     {
         component.hide();
         EXPECT_FALSE (component.isVisible());
-        processor.name = juce::String::fromUTF8 (row.presetName);
+        processor.name = name;
         component.show();
 
         EXPECT_TRUE (component.isVisible());
-        EXPECT_EQ (entry().getText(), juce::String::fromUTF8 (row.shown));
-        EXPECT_EQ (entry().getHighlightedText(), juce::String::fromUTF8 (row.shown));
+        EXPECT_EQ (entry().getText(), shown);
+        EXPECT_EQ (entry().getHighlightedText(), shown);
     }
 }
 
@@ -145,21 +134,16 @@ TEST_F (ManagePresetsComponentTest, TakesOnlyNamesOfThirtyNineCharacters)
     }
 }
 
-TEST_F (ManagePresetsComponentTest, ReturnSavesUnderTheTextEntered)
+TEST_F (ManagePresetsComponentTest, ReturnSavesUnderTheTextEnteredOrElseTheNameItOpenedWith)
 {
     type ("New name");
     press (juce::KeyPress::returnKey);
-
-    EXPECT_EQ (owner.log, juce::StringArray ("save New name"));
-}
-
-TEST_F (ManagePresetsComponentTest, AnEmptiedEntrySavesUnderTheNameItOpenedWith)
-{
+    component.show();
     entry().clear();
     press (juce::KeyPress::returnKey);
 
     // The save takes the "*" away.
-    EXPECT_EQ (owner.log, juce::StringArray ("save Wide *"));
+    EXPECT_EQ (owner.log, juce::StringArray ({ "save New name", "save Wide *" }));
 }
 
 TEST_F (ManagePresetsComponentTest, TwoReturnsInOneGoSaveOnce)
@@ -184,15 +168,12 @@ TEST_F (ManagePresetsComponentTest, EscapeBringsTheNameBackAndStaysOpen)
 
 TEST_F (ManagePresetsComponentTest, ButtonsSaveAndCancel)
 {
-    EXPECT_EQ (saveButton().getButtonText(), "SAVE");
-    EXPECT_EQ (cancelButton().getButtonText(), "CANCEL");
     type ("Mine");
     saveButton().triggerClick();
     deliverPostedMessages();
     EXPECT_EQ (owner.log, juce::StringArray ("save Mine"));
 
     component.show();
-    type ("Other");
     cancelButton().triggerClick();
     deliverPostedMessages();
     EXPECT_EQ (owner.log, juce::StringArray ({ "save Mine", "cancel" }));
