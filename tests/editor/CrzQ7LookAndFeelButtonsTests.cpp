@@ -126,24 +126,11 @@ TEST (CrzQ7LookAndFeelToggle, ShowsItsStateByTheSphereAlone)
     EXPECT_TRUE (sameImage (paintToggle ("Hx", true, false, true), paintToggle ("Hx", true, false, false)));
 }
 
-TEST (CrzQ7LookAndFeelToggle, DropsLettersThatDoNotFit)
+TEST (CrzQ7LookAndFeelToggle, WritesRightOfTheSphereAsHighAsTheButton)
 {
-    const auto textArea = [] (const juce::String& text)
-    {
-        const auto image = paintToggle (text, false, false, true);
-        return areaOtherThan (image.getClippedImage ({ 80, 0, 220, 100 }).createCopy(), white);
-    };
-
-    const auto fitting = textArea ("H");
-    const auto cut = textArea (juce::String::repeatedString ("H", 20));
-
-    EXPECT_LT (fitting.getX(), 15) << "the text starts right of the box";
-    EXPECT_GT (fitting.getHeight(), 45) << "the text is as high as the button";
-    EXPECT_EQ (cut.getHeight(), fitting.getHeight());
-    EXPECT_GT (cut.getRight(), 150);
-    EXPECT_LE (cut.getRight(), 219);
-
-    const auto baseline = textArea (juce::String::repeatedString ("H", 20) + "...");
-    EXPECT_EQ (baseline, cut) << "no ellipsis";
+    const auto image = paintToggle ("H", false, false, true);
+    const auto text = areaOtherThan (image.getClippedImage ({ 80, 0, 220, 100 }).createCopy(), white);
+    EXPECT_LT (text.getX(), 15);
+    EXPECT_GT (text.getHeight(), 45);
 }
 } // namespace

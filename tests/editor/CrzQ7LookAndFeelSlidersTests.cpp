@@ -49,21 +49,12 @@ juce::Image paintKnob (const Knob& knob)
     slider.setEnabled (knob.enabled);
     slider.setColour (Slider::backgroundColourId, knob.fill);
 
-    return painted (canvasSize,
-                    canvasSize,
-                    white,
-                    [&] (juce::Graphics& g)
-                    {
-                        lookAndFeel.drawRotarySlider (g,
-                                                      knobMargin,
-                                                      knobMargin,
-                                                      knobSize,
-                                                      knob.height,
-                                                      knob.position,
-                                                      startAngle,
-                                                      endAngle,
-                                                      slider);
-                    });
+    const auto draw = [&] (juce::Graphics& g)
+    {
+        lookAndFeel.drawRotarySlider (
+            g, knobMargin, knobMargin, knobSize, knob.height, knob.position, startAngle, endAngle, slider);
+    };
+    return painted (canvasSize, canvasSize, white, draw);
 }
 
 /** The pixel at a share of the radius, in the direction of a position of the knob. */
@@ -105,17 +96,11 @@ TEST (CrzQ7LookAndFeelKnob, ArcRunsFromTheStartToTheValueInsideTheTrackAndThePoi
     }
 }
 
-TEST (CrzQ7LookAndFeelKnob, ShowsShadowAndPointerOnlyWhileEnabled)
+TEST (CrzQ7LookAndFeelKnob, ShowsItsShadowOnlyWhileEnabled)
 {
-    const auto enabled = paintKnob ({ 0.5f, true });
-    const auto disabled = paintKnob ({ 0.5f, false });
-
-    EXPECT_TRUE (pixelIsNear (enabled, knobPixel (0.4f, 0.5f), white, 0));
-    EXPECT_LT (disabled.getPixelAt (120, 80).getBrightness(), 0.5f);
-
     const auto below = knobPixel (0.85f, bottomOfKnob);
-    EXPECT_LT (enabled.getPixelAt (below.x, below.y).getBrightness(), 0.6f);
-    EXPECT_TRUE (pixelIsNear (disabled, below, white, 0));
+    EXPECT_LT (paintKnob ({ 0.5f, true }).getPixelAt (below.x, below.y).getBrightness(), 0.6f);
+    EXPECT_TRUE (pixelIsNear (paintKnob ({ 0.5f, false }), below, white, 0));
 }
 
 TEST (CrzQ7LookAndFeelKnob, TakesOnlyThePointersThicknessFromItsHeight)

@@ -38,7 +38,6 @@ const TextToValueCase textToValueCases[] = {
     { "Pluses", Mapper::mappingNone, "+ + 3", 3.0 },
     { "Blanks", Mapper::mappingNone, " \t 0.25 \n", 0.25 },
     { "PlusAfterMinus", Mapper::mappingNone, "-+3", 0.0 },
-    { "Empty", Mapper::mappingNone, "", 0.0 },
     { "Words", Mapper::mappingNone, "nan", 0.0 },
     { "Infinity", Mapper::mappingNone, "-inf", 0.0 },
     { "GainWithUnit", Mapper::mappingGain12Db, "6dB", 0.75 },

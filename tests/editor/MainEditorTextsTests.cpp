@@ -63,6 +63,7 @@ const TextCase textCases[] = {
     { "WrongLayout",
       [] (EditorUnderTest& test) { test.panel().setStereoConfig (false); },
       { makersCaption, makersName, "THIS PLUGIN WORKS ONLY\nON STEREO TRACKS !!!" } },
+    { "InfoScreen", [] (EditorUnderTest& test) { test.panel().showInfoComponent(); }, {} },
     { "Resizing",
       [] (EditorUnderTest& test) { test.panel().resizingStarted(); },
       { makersCaption, makersName } },
@@ -164,17 +165,6 @@ TEST_P (MainEditorTexts, AreWrittenToTheLastLetter)
 }
 
 INSTANTIATE_TEST_SUITE_P (States, MainEditorTexts, testing::ValuesIn (textCases), rowName<TextCase>);
-
-TEST (MainEditorInfoScreenTexts, AreWrittenToTheLastLetterOnTheButtons)
-{
-    for (const int height : { 250, 400, 600, 800 })
-    {
-        EditorUnderTest test;
-        setHeight (test, height);
-        test.panel().showInfoComponent();
-        expectPainted (test, test.control<juce::Component> ("infoComponent"), {});
-    }
-}
 
 /** Calls `visit` with what each control below `parent` says in the bottom line. */
 template <typename Visit>

@@ -178,7 +178,6 @@ TEST (MainEditorVisibility, TitleOpensTheInfoScreenInEveryState)
         EXPECT_FALSE (info.isVisible());
 
         test.panel().componentPressed (findChildWithID (test.panel(), "bottomInfoLabel"));
-        test.panel().componentPressed (&test.panel());
         test.panel().componentPressed (nullptr);
         EXPECT_FALSE (info.isVisible()) << state;
 

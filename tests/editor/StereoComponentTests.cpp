@@ -216,24 +216,20 @@ TEST (StereoComponent, DashesItsCentreLine)
     // 3 % and 1.5 % of the 240 pixels, from the top of the field.
     constexpr float dash = 7.2f, gap = 3.6f;
     constexpr int line = width / 2; // one pixel wide, half of it in this column
-    constexpr int ground = 26, halfCovered = 55;
+    constexpr int ground = 26, halfCovered = 55, rounding = 3;
 
     Picture picture;
     picture.component.setStereoWidth (1.0f); // its upper edge is 139 pixels down
     const auto image = picture.paint();
     const auto redAt = [&image] (int x, float y)
-    { return static_cast<int> (image.getPixelAt (x, static_cast<int> (y)).getRed()); };
+    { return int { image.getPixelAt (x, static_cast<int> (y)).getRed() }; };
 
-    EXPECT_EQ (redAt (line, field.getY() - 2.0f), ground);
-
-    for (int i = 0; i < 10; ++i)
+    for (float start = field.getY(); start < 130.0f; start += dash + gap)
     {
-        const float start = field.getY() + static_cast<float> (i) * (dash + gap);
-        constexpr int rounding = 3; // of the blend
-        EXPECT_NEAR (redAt (line, start + dash / 2.0f), halfCovered, rounding) << i;
-        EXPECT_EQ (redAt (line, start + dash + gap / 2.0f), ground) << i;
-        EXPECT_EQ (redAt (line - 2, start + dash / 2.0f), ground) << i;
-        EXPECT_EQ (redAt (line + 1, start + dash / 2.0f), ground) << i;
+        EXPECT_EQ (redAt (line, start - gap / 2.0f), ground) << start;
+        EXPECT_NEAR (redAt (line, start + dash / 2.0f), halfCovered, rounding) << start;
+        EXPECT_EQ (redAt (line - 2, start + dash / 2.0f), ground) << start;
+        EXPECT_EQ (redAt (line + 1, start + dash / 2.0f), ground) << start;
     }
 }
 
