@@ -71,7 +71,7 @@ constexpr SwitchCase switchCases[] = { { "bypassButton", ParameterId::bypass },
 INSTANTIATE_TEST_SUITE_P (Buttons,
                           MainEditorSwitch,
                           testing::ValuesIn (switchCases),
-                          [] (const auto& row) { return std::string (row.param.button); });
+                          [] (const auto& row) { return row.param.button; });
 
 //==================================================================================================
 // Choices
@@ -148,7 +148,7 @@ TEST_P (MainEditorChoice, ClickWritesTheNewValueOnly)
 INSTANTIATE_TEST_SUITE_P (Buttons,
                           MainEditorChoice,
                           testing::ValuesIn (choiceCases),
-                          [] (const auto& row) { return std::string (row.param.button); });
+                          [] (const auto& row) { return row.param.button; });
 
 //==================================================================================================
 // Buttons with more to them

@@ -9,6 +9,7 @@
 #include <editor/CrzRotarySlider.h>
 
 #include <gtest/gtest.h>
+#include <support/NamedRows.h>
 
 #include <array>
 #include <cmath>
@@ -148,34 +149,36 @@ struct OverlapCase
     std::set<Pair> named;
 };
 
+void save (EditorUnderTest& test)
+{
+    test.panel().showManagePresetsComponent();
+}
+
+void showInfo (EditorUnderTest& test)
+{
+    test.panel().showInfoComponent();
+}
+
 // The texts of the info screen have no names: the credits are its first child, the legal text its second.
+// clang-format off
 const OverlapCase overlapCases[] = {
-    { "Everything",
-      showEverything,
-      nullptr,
+    { "Everything", showEverything, nullptr,
       { overlap ("stereoWidthLabel", "stereoComponent"), // the numbers stand inside the picture
         overlap ("panLabel", "stereoComponent"),
         overlap ("panSlider", "stereoWidthSlider"),           // only their empty edges
         overlap ("stereoWidthSlider", "bottomInfoLabel") } }, // the knob itself is smaller
-    { "Saving",
-      [] (EditorUnderTest& test) { test.panel().showManagePresetsComponent(); },
-      nullptr,
-      { overlap ("managePresetsComponent", "stereoComponent") } }, // it covers the picture exactly
+    { "Saving", save, nullptr, { overlap ("managePresetsComponent", "stereoComponent") } }, // covers it exactly
     { "PanLaws", showEverything, "panLawGroup", {} },
     { "PanCurves", showEverything, "panCurveGroup", {} },
     { "StereoModes", showEverything, "msModeGroup", {} },
     { "PanModes", showEverything, "panModeGroup", {} },
-    { "SavingPanel",
-      [] (EditorUnderTest& test) { test.panel().showManagePresetsComponent(); },
-      "managePresetsComponent",
-      {} },
-    { "InfoScreen",
-      [] (EditorUnderTest& test) { test.panel().showInfoComponent(); },
-      "infoComponent",
+    { "SavingPanel", save, "managePresetsComponent", {} },
+    { "InfoScreen", showInfo, "infoComponent",
       { overlap ("child 0", "child 1"),                // only the empty end of the credits
         overlap ("child 1", "CLOSE"),                  // only the empty end of the legal text
         overlap ("child 1", "CLEAR UNDO HISTORY") } }, // only its empty right edge
 };
+// clang-format on
 
 /** By its ID, else its caption, else its place among its siblings. */
 std::string nameOf (const juce::Component& control)
@@ -232,8 +235,5 @@ TEST_P (MainEditorOverlap, IsOnlyOfTheNamedControls)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P (States,
-                          MainEditorOverlap,
-                          testing::ValuesIn (overlapCases),
-                          [] (const auto& row) { return std::string (row.param.name); });
+INSTANTIATE_TEST_SUITE_P (States, MainEditorOverlap, testing::ValuesIn (overlapCases), rowName<OverlapCase>);
 } // namespace

@@ -35,39 +35,34 @@ const std::vector<const char*> captionsOfAllControls {
 };
 // clang-format on
 
-void switchOn (EditorUnderTest& test, ParameterId id)
+template <ParameterId id>
+void switchOn (EditorUnderTest& test)
 {
     test.panel().setEditorParameterValue (indexOf (id), 1.0f);
 }
 
+void showEverything (EditorUnderTest& test)
+{
+    test.processor.setExpertMode (true);
+    test.panel().updateAll();
+    switchOn<ParameterId::muteMid> (test);
+    switchOn<ParameterId::safeBass> (test);
+}
+
+// clang-format off
 const TextCase textCases[] = {
-    { "Expert",
-      [] (EditorUnderTest& test)
-      {
-          test.processor.setExpertMode (true);
-          test.panel().updateAll();
-          switchOn (test, ParameterId::muteMid);
-          switchOn (test, ParameterId::safeBass);
-      },
-      captionsOfAllControls },
-    { "Dimmed", [] (EditorUnderTest& test) { switchOn (test, ParameterId::mono); }, captionsOfAllControls },
-    { "Bypassed",
-      [] (EditorUnderTest& test) { switchOn (test, ParameterId::bypass); },
-      { makersCaption, makersName, "INPUT", "OUTPUT", "BYPASS" } },
-    { "MutedAll",
-      [] (EditorUnderTest& test) { switchOn (test, ParameterId::muteAll); },
-      { makersCaption, makersName, "INPUT", "OUTPUT", "MUTE ALL" } },
-    { "Saving",
-      [] (EditorUnderTest& test) { test.panel().showManagePresetsComponent(); },
+    { "Expert", showEverything, captionsOfAllControls },
+    { "Dimmed", switchOn<ParameterId::mono>, captionsOfAllControls },
+    { "Bypassed", switchOn<ParameterId::bypass>, { makersCaption, makersName, "INPUT", "OUTPUT", "BYPASS" } },
+    { "MutedAll", switchOn<ParameterId::muteAll>, { makersCaption, makersName, "INPUT", "OUTPUT", "MUTE ALL" } },
+    { "Saving", [] (EditorUnderTest& test) { test.panel().showManagePresetsComponent(); },
       { makersCaption, makersName, fieldCaptions, "INPUT", "OUTPUT", "Preset Name:" } },
-    { "WrongLayout",
-      [] (EditorUnderTest& test) { test.panel().setStereoConfig (false); },
+    { "WrongLayout", [] (EditorUnderTest& test) { test.panel().setStereoConfig (false); },
       { makersCaption, makersName, "THIS PLUGIN WORKS ONLY\nON STEREO TRACKS !!!" } },
     { "InfoScreen", [] (EditorUnderTest& test) { test.panel().showInfoComponent(); }, {} },
-    { "Resizing",
-      [] (EditorUnderTest& test) { test.panel().resizingStarted(); },
-      { makersCaption, makersName } },
+    { "Resizing", [] (EditorUnderTest& test) { test.panel().resizingStarted(); }, { makersCaption, makersName } },
 };
+// clang-format on
 
 /** The texts of the buttons and labels that show below a component. */
 void addTextsOfControls (juce::Component& parent, std::vector<juce::String>& texts)

@@ -155,12 +155,9 @@ TEST (MainEditorVisibility, SavingPanelIsTouchedOnlyWhileResizingOrSaving)
 
 TEST (MainEditorVisibility, ChannelNameCanBeEditedUnlessSavingOrResizing)
 {
-    for (const auto& [state, isEditable] : { std::pair<std::string_view, bool> { "", true },
-                                             { "B", true },
-                                             { "S", false },
-                                             { "R", false },
-                                             { "W", false } })
+    for (const std::string_view state : { "", "B", "S", "R", "W" })
     {
+        const bool isEditable = state.empty() || state == "B";
         EditorUnderTest other;
         enter (other, state);
         EXPECT_EQ (other.control<juce::Label> ("channelNameLabel").isEditableOnSingleClick(), isEditable)
