@@ -105,19 +105,12 @@ TEST (CrzQ7LookAndFeelKnob, ShowsItsShadowOnlyWhileEnabled)
 
 TEST (CrzQ7LookAndFeelKnob, TakesOnlyThePointersThicknessFromItsHeight)
 {
-    const auto pointerThickness = [] (int height)
+    for (const auto& [height, thickness] : { std::pair { 200, 8 }, { 100, 4 } })
     {
         const auto image = paintKnob ({ 0.5f, true, black, height });
-        int numWhite = 0;
-
-        for (int x = 60; x < 180; ++x)
-            numWhite += image.getPixelAt (x, 80) == white ? 1 : 0;
-
-        return numWhite;
-    };
-
-    EXPECT_EQ (pointerThickness (200), 8);
-    EXPECT_EQ (pointerThickness (100), 4);
+        EXPECT_TRUE (pixelIsNear (image, { 120 + thickness / 2 - 1, 80 }, white, 0)) << height;
+        EXPECT_FALSE (pixelIsNear (image, { 120 + thickness / 2, 80 }, white, 0)) << height;
+    }
 
     EXPECT_TRUE (
         sameImage (paintKnob ({ 0.5f, false, black, 200 }), paintKnob ({ 0.5f, false, black, 100 })));

@@ -13,7 +13,6 @@
 #include <support/NamedRows.h>
 
 #include <limits>
-#include <string>
 
 namespace
 {

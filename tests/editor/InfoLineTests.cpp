@@ -18,17 +18,13 @@ juce::Time at (double seconds)
     return juce::Time (someDayMs) + juce::RelativeTime::seconds (seconds);
 }
 
-TEST (InfoLine, FirstTextGoesAtTheFirstTick)
+TEST (InfoLine, FirstTextGoesAtTheFirstTickAndAPlainOneSixSecondsAfterTheLastChange)
 {
     InfoLine line { "first" };
     EXPECT_EQ (line.getText(), "first");
     line.tick (at (0.0));
     EXPECT_EQ (line.getText(), "");
-}
 
-TEST (InfoLine, PlainTextStandsSixSecondsAfterTheLastChange)
-{
-    InfoLine line { {} };
     line.setText ("one", plain, at (0.0));
     line.setText ("two", plain, at (4.0));
     line.tick (at (10.0));

@@ -6,8 +6,6 @@
 #include "PanelControls.h"
 #include "SyntheticMouse.h"
 
-#include <editor/CrzRotarySlider.h>
-
 #include <gtest/gtest.h>
 
 #include <initializer_list>

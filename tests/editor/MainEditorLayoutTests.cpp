@@ -5,14 +5,10 @@
 
 #include "EditorUnderTest.h"
 
-#include <editor/CrzQ7LookAndFeelV1.h>
-#include <editor/CrzRotarySlider.h>
-
 #include <gtest/gtest.h>
 #include <support/NamedRows.h>
 
 #include <array>
-#include <cmath>
 #include <set>
 #include <string>
 #include <utility>

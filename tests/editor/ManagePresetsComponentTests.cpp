@@ -8,7 +8,6 @@
 #include "DeliverMessages.h"
 #include "PaintedPicture.h"
 
-#include <editor/CrzQ7Colours.h>
 #include <engine/WideLoomAudioProcessor.h>
 
 #include <gtest/gtest.h>

@@ -9,8 +9,6 @@
 #include <support/NamedRows.h>
 #include <support/Painting.h>
 
-#include <array>
-
 namespace
 {
 struct Resource

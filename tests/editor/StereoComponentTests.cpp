@@ -14,7 +14,6 @@
 
 #include <cmath>
 #include <limits>
-#include <string>
 
 namespace
 {

@@ -16,7 +16,9 @@
 #include <support/Painting.h>
 #include <support/TestSeed.h>
 
-#include <string>
+#include <cmath>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -66,7 +68,6 @@ class EditorShellOnDisplay : public testing::TestWithParam<DisplayCase>
 const DisplayCase displayCases[] = {
     { "Thousand", 1000, { 750, 500 }, { 375, 250 }, { 1200, 800 } },
     { "Unknown", 0, { 750, 500 }, { 375, 250 }, { 1200, 800 } },
-    { "FullHd", 1080, { 810, 540 }, { 405, 270 }, { 1296, 864 } },
     { "Uhd", 2160, { 1620, 1080 }, { 810, 540 }, { 2592, 1728 } },
     { "Odd", 777, { 582, 388 }, { 291, 194 }, { 931, 621 } }, // 388.5 rounds to even, 621.6 is cut
 };
@@ -192,6 +193,7 @@ TEST_P (EditorShellPicture, ShowsArrowsAndTheWordOnAFlatGround)
     test.editor->paint (g);
 
     const auto ground = CrzQ7Colours::q7darkGrey.brighter (GetParam());
+
     /** Places in the arrow at the top left; its three mirror images have them, too. */
     struct ArrowPlace
     {
