@@ -135,7 +135,7 @@ std::int32_t JucePlugInProcess::UpdateControlValue (std::int32_t control, std::i
     else if (control >= firstParameterControl)
         filter->setParameter (control - firstParameterControl, parameterFromLong (value));
 
-    return CProcess::UpdateControlValue (control, value);
+    return CProcess::UpdateControlValue (control, value); // NOLINT: the class between has the bypass too
 }
 
 JUCE_END_IGNORE_WARNINGS_GCC_LIKE
