@@ -206,7 +206,7 @@ TEST_F (CEffectGroupTest, FindsRelatedTypesByChannels)
     {
         std::uint32_t manufacturerID, typeID;
         std::int32_t inputs, outputs, result;
-        std::uint32_t relatedProduct, relatedType; // in the spec afterwards
+        std::uint32_t relatedProduct, relatedType; // in the record afterwards
     };
 
     for (const auto& row : { Row { maker, mono, 2, 2, ficSuccess, product, stereo },
