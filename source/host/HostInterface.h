@@ -429,8 +429,7 @@ static_assert (sizeof (SFicServices) == 48 && offsetof (SFicServices, InitFic) =
     X (int32_t, FicReleaseBundle, (CFBundleRef bundle))                                                      \
     X (unsigned char, FicEventAvail, (EventRecord * *event))
 
-#define FIC_DECLARE_HOST_FUNCTION(Result, Name, parameters)                                                  \
-    typedef Result (*Name##Proc) parameters;
+#define FIC_DECLARE_HOST_FUNCTION(Result, Name, parameters) typedef Result (*Name##Proc) parameters;
 FIC_HOST_FUNCTIONS (FIC_DECLARE_HOST_FUNCTION)
 #undef FIC_DECLARE_HOST_FUNCTION
 
