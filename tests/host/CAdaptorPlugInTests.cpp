@@ -224,6 +224,10 @@ TEST_F (CAdaptorPlugInTest, CutsTheWorkersNameAndAsksTheHostForVariableQuanta)
     engine.givesDataBlocks = false;
     EXPECT_EQ (process.CreateHostPlugIn (plugInId), ficSuccess);
     EXPECT_EQ (engine.dataBlock(), nullptr);
+
+    // The text is the worker's, and goes with it.
+    const auto& words = engine.description (engine.described (ficRemoteWorker).at (0));
+    EXPECT_EQ (std::string (reinterpret_cast<const char*> (words[8])), std::string (64, 'x'));
     engine.givesDataBlocks = true;
 
     for (const auto& [answer, result, expected] : { std::tuple { 0, 0, 0 }, { 1, 0, 1 }, { 1, -1, 0 } })
@@ -233,9 +237,6 @@ TEST_F (CAdaptorPlugInTest, CutsTheWorkersNameAndAsksTheHostForVariableQuanta)
         ASSERT_EQ (process.CreateHostPlugIn (plugInId), ficSuccess);
         EXPECT_EQ (blockOfHost().variableQuanta, expected) << answer << " " << result;
     }
-
-    const auto& words = engine.description (engine.described (ficRemoteWorker).at (0));
-    EXPECT_EQ (std::string (reinterpret_cast<const char*> (words[8])), std::string (64, 'x'));
 }
 
 TEST_F (CAdaptorPlugInTest, AsksOnceForTheManagerUntilItIsForgotten)

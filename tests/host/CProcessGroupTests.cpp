@@ -166,7 +166,7 @@ TEST_F (CProcessGroupTest, TellsANewProcessTheRateSentBeforeIt)
     EXPECT_THAT (testProcessLog.calls,
                  testing::ElementsAre ("Initialize1", "SetSampleRate1=96000", "SetDitherBits1=24"));
     EXPECT_EQ (group.SetTimeCodeInfo (&timeCode), ficSuccess);
-    EXPECT_EQ (group.native->GetFrameOffset(), timeCode.frameOffset);
+    EXPECT_EQ (group.native->GetFrameOffset(), std::int32_t { timeCode.frameOffset });
 }
 
 struct BroadcastCase
